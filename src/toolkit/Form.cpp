@@ -1,0 +1,78 @@
+#include "toolkit/Form.h"
+#include "toolkit/Presentation.h"
+#include <algorithm>
+#include <cstring>
+
+// All screens chain themselves here before main; nothing else is touched across files that early.
+static constinit Form *firstForm = nullptr;
+
+Element::Element(Form &theOwner, const char *theName) : Owner(theOwner), Name(theName)
+{
+    if (this != &theOwner)
+        theOwner.elements.push_back(this);
+}
+
+void Element::Changed()
+{
+    ThePresentation().Changed(*this);
+}
+
+Form::Form(const char *theName, FormValues theDesign)
+    : Element(*this, theName), Design(std::move(theDesign)), Now(Design), Left(this, &Now.Left), Top(this, &Now.Top),
+      Width(this, &Now.Width), Height(this, &Now.Height), Caption(this, &Now.Caption), Picture(this, &Now.Picture),
+      next(firstForm)
+{
+    firstForm = this;
+}
+
+void Form::Load()
+{
+    if (Loaded)
+        return;
+    Loaded = true;
+    if (Design.Load)
+        Design.Load();
+}
+
+void Form::Show()
+{
+    Load();
+    // The load procedure may itself have closed the screen, or ended in showing it.
+    if (!Loaded || Visible)
+        return;
+    Visible = true;
+    ThePresentation().Show(*this);
+}
+
+void Form::Unload()
+{
+    if (!Loaded)
+        return;
+    Loaded = Visible = CloseRefused = false;
+    ThePresentation().Unload(*this);
+    Reset();
+    for (Element *element : elements)
+        element->Reset();
+}
+
+void Form::Reset()
+{
+    Now = Design;
+}
+
+Element *Form::Find(const Text &theName) const
+{
+    for (Element *element : elements)
+        if (theName == element->Name)
+            return element;
+    return nullptr;
+}
+
+std::vector<Form *> Form::All()
+{
+    std::vector<Form *> Result;
+    for (Form *form = firstForm; form; form = form->next)
+        Result.push_back(form);
+    std::sort(Result.begin(), Result.end(), [](Form *a, Form *b) { return std::strcmp(a->Name, b->Name) < 0; });
+    return Result;
+}

@@ -1,0 +1,174 @@
+// Screens and what stands on them: Element, Property and Form.
+//
+// A control keeps two sets of values: Design, as its line in the screen's file gives them, and Now. The program reads
+// and writes its properties; that brings the screen into being and tells the presentation. The presentation reads Now,
+// which touches nothing. Closing a screen sets Now = Design for each control, so no screen remembers what was typed.
+#pragma once
+#include "toolkit/Failure.h"
+#include "toolkit/Text.h"
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+class Form;
+
+using Handler = void (*)();
+
+// Anything that stands on a screen and has a name.
+class Element
+{
+public:
+    Element(Form &theOwner, const char *theName);
+    virtual ~Element() = default;
+    Element(const Element &) = delete;
+    Element &operator=(const Element &) = delete;
+
+    Form &Owner;
+    const char *const Name;
+
+    // Brings the screen into being if it isn't yet (runs its load procedure).
+    inline void Touch() const;
+    // Tells the presentation that Now has changed.
+    void Changed();
+    // The kind's name for a person, such as "label".
+    virtual const char *Kind() const = 0;
+    // Forgets what happened to it: Now = Design.
+    virtual void Reset() = 0;
+};
+
+// One property of an element: reading it touches the screen, assigning it also tells the presentation.
+// A reference taken from it is a live alias: what yields keeps a copy.
+template <class T> class Property
+{
+public:
+    Property(Element *theElement, T *theNow) : mine(theElement), now(theNow) {}
+    Property(const Property &) = delete;
+    Property &operator=(const Property &theOther) { return *this = theOther.Get(); }
+
+    const T &Get() const
+    {
+        mine->Touch();
+        return *now;
+    }
+    operator const T &() const { return Get(); }
+    Property &operator=(T theValue)
+    {
+        mine->Touch();
+        if (!(*now == theValue)) {
+            *now = std::move(theValue);
+            mine->Changed();
+        }
+        return *this;
+    }
+    // Adds to the end of a text, in place.
+    Property &operator+=(const T &theMore)
+    {
+        mine->Touch();
+        *now += theMore;
+        mine->Changed();
+        return *this;
+    }
+
+    friend bool operator==(const Property &a, const T &b) { return a.Get() == b; }
+    friend Text operator+(const Property &a, const Text &b) requires std::is_same_v<T, Text> { return a.Get() + b; }
+    friend Text operator+(const Text &a, const Property &b) requires std::is_same_v<T, Text> { return a + b.Get(); }
+    friend Text operator+(const Property &a, const Property &b) requires std::is_same_v<T, Text>
+    {
+        return a.Get() + b.Get();
+    }
+
+private:
+    Element *mine;
+    T *now;
+};
+
+// A property that does more than keep a value: reading and assigning it call the element's own procedures.
+template <class Kind, class T> class Accessor
+{
+public:
+    using Getter = const T &(Kind::*)() const;
+    using Setter = void (Kind::*)(const T &);
+    Accessor(Kind *theElement, Getter theGetter, Setter theSetter)
+        : mine(theElement), getter(theGetter), setter(theSetter)
+    {
+    }
+    Accessor(const Accessor &) = delete;
+    Accessor &operator=(const Accessor &theOther) { return *this = T(theOther.Get()); }
+
+    const T &Get() const { return (mine->*getter)(); }
+    operator const T &() const { return Get(); }
+    Accessor &operator=(const T &theValue)
+    {
+        (mine->*setter)(theValue);
+        return *this;
+    }
+    friend bool operator==(const Accessor &a, const T &b) { return a.Get() == b; }
+
+private:
+    Kind *mine;
+    Getter getter;
+    Setter setter;
+};
+
+// What a screen is at design and now. Sizes and places are in pixels; twips, where they are wanted, are Twips(n).
+struct FormValues {
+    double Left = 0, Top = 0, Width = 0, Height = 0;
+    Text Caption = {};
+    Text Picture = {};  // path of the background
+    bool Sizable = false;
+    Handler Load = nullptr;
+    Handler Resize = nullptr;
+    void (*QueryUnload)(bool &Cancel) = nullptr;  // asked when the user closes the frame; Cancel set true refuses
+};
+
+inline constexpr double TwipsPerPixel = 15;
+constexpr double Twips(double theTwips)
+{
+    return theTwips / TwipsPerPixel;
+}
+
+// A screen. There is one global instance of each; it comes into being the first time any code touches it.
+class Form final : public Element
+{
+public:
+    Form(const char *theName, FormValues theDesign);
+
+    FormValues Design, Now;
+    Property<double> Left, Top, Width, Height;
+    Property<Text> Caption, Picture;
+
+    // Brings the screen into being, hidden: runs its load procedure once, with Loaded set first.
+    void Load();
+    // Loads the screen if need be and puts it before the user.
+    void Show();
+    // Closes the screen: hides it, stops its timers, sets every control back to its design. Asks nobody.
+    void Unload();
+
+    bool Loaded = false;
+    bool Visible = false;
+    // A screen whose frame the user may not close just now; the gate refuses then.
+    bool CloseRefused = false;
+
+    const std::vector<Element *> &Elements() const { return elements; }
+    // The element of that name, exactly; null when there is none.
+    Element *Find(const Text &theName) const;
+    // The same for one kind; null also when the element is of another kind.
+    template <class Kind> Kind *Find(const Text &theName) const { return dynamic_cast<Kind *>(Find(theName)); }
+
+    const char *Kind() const override { return "screen"; }
+    void Reset() override;
+
+    // All screens of the program, ascending by name.
+    static std::vector<Form *> All();
+
+private:
+    friend class Element;
+    std::vector<Element *> elements;
+    Form *next;
+};
+
+inline void Element::Touch() const
+{
+    if (!Owner.Loaded)
+        Owner.Load();
+}

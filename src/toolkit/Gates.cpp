@@ -1,0 +1,331 @@
+// The gates, and the services that hand the program's wishes to the presentation.
+#include "toolkit/HostFiles.h"
+#include "toolkit/Presentation.h"
+#include "toolkit/Services.h"
+#include <algorithm>
+#include <chrono>
+#include <exception>
+
+Text DefaultBoxTitle;
+void (*WhenTrapped)(const RuntimeFailure &, const char *) = nullptr;
+
+namespace
+{
+// Stands in where there is no front: nothing is seen, every question is answered with No.
+struct Nobody final : Presentation {
+    void Show(Form &) override {}
+    void Unload(Form &) override {}
+    void Changed(Element &) override {}
+    void Focus(Control &) override {}
+    void DoEvents() override {}
+    void WaitEvents() override {}
+    void ShowNow() override {}
+    int MsgBox(const Text &, int theFlags, const Text &) override { return theFlags & msgYesNo ? answerNo : answerOK; }
+    Text OpenFile(const Text &) override { return {}; }
+    void Beep() override {}
+    void Navigate(Browser &, const Text &) override {}
+    bool GoBack(Browser &) override { return false; }
+    bool GoForward(Browser &) override { return false; }
+    void Refresh(Browser &) override {}
+    void Stop(Browser &) override {}
+    void Standstill(const Text &, const Text &) override {}
+    void Failure(const RuntimeFailure &) override {}
+    void Ended(int) override {}
+};
+
+Nobody nobody;
+Presentation *front = &nobody;
+int gatesOpen = 0;           // gates on the stack
+std::exception_ptr pending;  // what a gate kept from passing the seam
+bool hasEnded = false;
+bool hasStarted = false;
+std::uint64_t countedClock = 0;
+bool isClockCounted = false;
+
+void ThrowPending()
+{
+    if (pending)
+        std::rethrow_exception(std::exchange(pending, nullptr));
+}
+
+void EndThe(int theCode)
+{
+    hasEnded = true;
+    try {
+        HostFiles::Settle();
+    } catch (const RuntimeFailure &failure) {
+        front->Failure(failure);
+        theCode = endFailure;
+    }
+    front->Ended(theCode);
+}
+
+// What is left over when the outermost gate closes ends the program.
+void Resolve()
+{
+    try {
+        ThrowPending();
+        HostFiles::Settle();
+        // Nothing runs any more: with the last screen gone, so is the program.
+        const auto forms = Form::All();
+        if (hasStarted && std::none_of(forms.begin(), forms.end(), [](Form *form) { return form->Visible; }))
+            EndThe(0);
+    } catch (const ProgramEnd &end) {
+        EndThe(end.Code);
+    } catch (const RuntimeFailure &failure) {
+        front->Failure(failure);
+        EndThe(endFailure);
+    }
+}
+
+template <class Deed> bool Gate(Deed &&theDeed)
+{
+    if (hasEnded)
+        return false;
+    ++gatesOpen;
+    try {
+        theDeed();
+    } catch (const RuntimeFailure &) {
+        pending = std::current_exception();
+    } catch (const ProgramEnd &) {
+        pending = std::current_exception();
+    }
+    if (--gatesOpen == 0)
+        Resolve();
+    return true;
+}
+
+void Run(Handler theHandler)
+{
+    if (theHandler)
+        theHandler();
+}
+
+bool CanReach(const Control &theControl)
+{
+    if (!theControl.Owner.Visible || !theControl.Now.Visible || !theControl.Now.Enabled)
+        return false;
+    const auto *item = dynamic_cast<const MenuItem *>(&theControl);
+    return !item || !item->Menu || CanReach(*item->Menu);
+}
+}  // namespace
+
+void Present(Presentation *thePresentation)
+{
+    front = thePresentation ? thePresentation : &nobody;
+}
+
+Presentation &ThePresentation()
+{
+    return *front;
+}
+
+bool ProgramEnded()
+{
+    return hasEnded;
+}
+
+int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
+{
+    const int Result = front->MsgBox(thePrompt, theFlags, theTitle.empty() ? DefaultBoxTitle : theTitle);
+    ThrowPending();
+    return Result;
+}
+
+void Beep()
+{
+    front->Beep();
+}
+
+void DoEvents()
+{
+    front->DoEvents();
+    ThrowPending();
+}
+
+void WaitEvents()
+{
+    HostFiles::Settle();
+    front->WaitEvents();
+    ThrowPending();
+}
+
+void ShowNow()
+{
+    front->ShowNow();
+    ThrowPending();
+}
+
+Text LoadPicture(const Text &thePath)
+{
+    if (!HostFiles::IsFile(thePath))
+        Fail("picture not found", thePath);
+    return thePath;
+}
+
+std::uint64_t ClockTicks()
+{
+    if (isClockCounted)
+        return countedClock++;
+    return static_cast<std::uint64_t>(std::chrono::high_resolution_clock::now().time_since_epoch().count());
+}
+
+void SetClock(std::uint64_t theSeed)
+{
+    countedClock = theSeed;
+    isClockCounted = true;
+}
+
+void TrapCaught(const RuntimeFailure &theFailure, const char *theProcedure)
+{
+    if (WhenTrapped)
+        WhenTrapped(theFailure, theProcedure);
+}
+
+void Standstill(const Text &theWhere, const Text &theWhy)
+{
+    HostFiles::Settle();
+    front->Standstill(theWhere, theWhy);
+    throw ProgramEnd{endStandstill};
+}
+
+bool StartProgram(Form &theFirstForm)
+{
+    hasStarted = true;
+    return Gate([&] { theFirstForm.Show(); });
+}
+
+bool UserClick(Control &theControl)
+{
+    if (!CanReach(theControl))
+        return false;
+    return Gate([&] {
+        if (auto *box = dynamic_cast<CheckBox *>(&theControl))
+            box->Value = !box->Value;
+        Run(theControl.Design.Click);
+    });
+}
+
+bool UserDoubleClick(ListBox &theList)
+{
+    if (!CanReach(theList) || theList.NowIndex < 0)
+        return false;
+    return Gate([&] { Run(theList.Design.DblClick); });
+}
+
+bool UserKey(TextBox &theBox, char theKey)
+{
+    if (!CanReach(theBox))
+        return false;
+    return Gate([&] {
+        int key = static_cast<unsigned char>(theKey);
+        if (theBox.Design.KeyPress)
+            theBox.Design.KeyPress(key);
+        // The handler may have closed the screen; Enter itself changes nothing in a box of one line.
+        if (key != 0 && key != '\r' && theBox.Owner.Loaded)
+            theBox.Text += Text(1, static_cast<char>(key));
+    });
+}
+
+bool UserEdit(TextBox &theBox, const Text &theText)
+{
+    if (!CanReach(theBox))
+        return false;
+    return Gate([&] { theBox.Now.Caption = theText; });
+}
+
+bool UserSelect(ListBox &theList, int theIndex)
+{
+    if (!CanReach(theList) || theIndex < 0 || theIndex >= static_cast<int>(theList.NowRows.size()))
+        return false;
+    return Gate([&] {
+        theList.ListIndex = theIndex;
+        Run(theList.Design.Click);
+    });
+}
+
+bool UserHighlight(DirList &theList, int theIndex)
+{
+    if (!CanReach(theList) || theIndex < -1 || theIndex >= theList.ListCount())
+        return false;
+    return Gate([&] { theList.NowIndex = theIndex; });
+}
+
+bool UserGo(DirList &theList, const Text &thePath)
+{
+    if (!CanReach(theList) || !HostFiles::IsDirectory(thePath))
+        return false;
+    return Gate([&] { theList.Path = thePath; });
+}
+
+bool UserPick(DriveList &theList, const Text &theDrive)
+{
+    if (!CanReach(theList) || !HostFiles::DriveExists(theDrive))
+        return false;
+    return Gate([&] { theList.Drive = theDrive; });
+}
+
+bool UserTool(ToolBar &theBar, const Text &theKey)
+{
+    if (!CanReach(theBar))
+        return false;
+    return Gate([&] { theBar.ButtonClick(theKey); });
+}
+
+bool UserClose(Form &theForm)
+{
+    if (!theForm.Visible || theForm.CloseRefused)
+        return false;
+    return Gate([&] {
+        bool Cancel = false;
+        if (theForm.Design.QueryUnload)
+            theForm.Design.QueryUnload(Cancel);
+        if (!Cancel)
+            theForm.Unload();
+    });
+}
+
+bool UserResize(Form &theForm, double theWidth, double theHeight)
+{
+    if (!theForm.Visible)
+        return false;
+    return Gate([&] {
+        theForm.Now.Width = theWidth;
+        theForm.Now.Height = theHeight;
+        Run(theForm.Design.Resize);
+    });
+}
+
+bool TimerTick(Timer &theTimer)
+{
+    if (!theTimer.Owner.Loaded || !theTimer.Now.Enabled || theTimer.Running)
+        return false;
+    theTimer.Running = true;
+    const bool Result = Gate([&] { Run(theTimer.Design.Tick); });
+    theTimer.Running = false;
+    return Result;
+}
+
+bool BrowserGoes(Browser &theBrowser, const Text &theAddress)
+{
+    return theBrowser.Owner.Loaded && Gate([&] {
+               if (theBrowser.Events.BeforeNavigate)
+                   theBrowser.Events.BeforeNavigate(theAddress);
+           });
+}
+
+bool BrowserSays(Browser &theBrowser, const Text &theStatus)
+{
+    return theBrowser.Owner.Loaded && Gate([&] {
+               if (theBrowser.Events.StatusTextChange)
+                   theBrowser.Events.StatusTextChange(theStatus);
+           });
+}
+
+bool BrowserTitled(Browser &theBrowser, const Text &theTitle)
+{
+    return theBrowser.Owner.Loaded && Gate([&] {
+               if (theBrowser.Events.TitleChange)
+                   theBrowser.Events.TitleChange(theTitle);
+           });
+}

@@ -1,0 +1,412 @@
+#include "toolkit/HostFiles.h"
+#include "toolkit/Failure.h"
+#include "toolkit/HostMemory.h"
+#include <algorithm>
+#include <map>
+#include <utility>
+
+using namespace HostMemory;
+
+namespace
+{
+std::map<char, Text> drives;
+Text programDir, programHostDir;
+std::vector<Entry *> outstanding;  // in the order in which they were asked for
+std::int64_t outstandingBytes = 0, roomAtLastLook = 0;
+
+// Larger files are copied at once: they are seldom pages, so nothing is won by waiting.
+constexpr std::int64_t waitAtMost = 1 << 20;
+constexpr std::size_t bufferAtMost = 1 << 16;
+
+std::map<char, Text> &TheDrives()
+{
+    if (drives.empty())
+        for (const auto &[letter, dir] : HostIo::Drives())
+            drives[letter] = dir;
+    return drives;
+}
+
+void SetProgram(const Text &theHostDir)
+{
+    programHostDir = theHostDir;
+    programDir = HostFiles::FromHost(theHostDir);
+}
+
+bool IsProjectDirectory(std::string_view theName)
+{
+    const std::size_t digits = std::min(theName.find_first_not_of("0123456789"), theName.size());
+    return digits > 0 && (digits == theName.size() || theName.substr(digits) == "_store");
+}
+
+bool IsSavedFile(std::string_view theName)
+{
+    return theName.ends_with(".sav") || theName.ends_with(".chk") || theName.ends_with(".pro");
+}
+
+// True for the program's own saved files and all that lies in its projects; not by way of a link.
+bool IsOwn(const Dir &theDir, std::string_view theName)
+{
+    const Dir *const program = FindDir(HostFiles::ProgramDir());
+    if (&theDir == program)
+        return IsSavedFile(theName);
+    for (const Dir *dir = &theDir; dir && dir->Self && !dir->Self->IsLink; dir = dir->Parent())
+        if (dir->Parent() == program)
+            return IsProjectDirectory(dir->Self->Name);
+    return false;
+}
+
+void Guard(const Dir &theDir, std::string_view theName, const Text &thePath)
+{
+    if (!IsOwn(theDir, theName))
+        Fail("writing is not allowed there", thePath);
+}
+
+Entry *FindFile(const Text &thePath, HostIo::Kind theKind = HostIo::Kind::File)
+{
+    std::string_view name;
+    Dir *const dir = FindParent(thePath, name);
+    return dir && !name.empty() ? dir->Find(name, theKind) : nullptr;
+}
+
+Entry &ExistingFile(const Text &thePath)
+{
+    Entry *const entry = FindFile(thePath);
+    if (!entry)
+        Fail("file not found", thePath);
+    return *entry;
+}
+
+// The file to write to, with its directory; the entry is null when it is a new one.
+std::pair<Dir *, Entry *> Target(const Text &thePath, std::string_view &theName)
+{
+    Dir *const dir = FindParent(thePath, theName);
+    if (!dir || theName.empty())
+        Fail("path not found", thePath);
+    Guard(*dir, theName, thePath);
+    Entry *const entry = dir->Find(theName, HostIo::Kind::None);
+    if (entry && (entry->What != HostIo::Kind::File || entry->IsLink))
+        Fail("not a plain file", thePath);
+    return {dir, entry};
+}
+
+void MakeOutstanding(Entry &theEntry)
+{
+    if (const Entry *source = std::exchange(theEntry.CopyOf, nullptr))
+        HostIo::Copy(source->HostPath(), theEntry.HostPath());
+    if (const auto text = std::exchange(theEntry.Unwritten, nullptr))
+        HostIo::Append(theEntry.HostPath(), *text);
+    theEntry.OnDisk = true;
+    theEntry.In->Wrote();
+}
+
+// True while the disk has room for what is outstanding twice over: a copy that cannot be made is to fail when it is
+// asked for, not later.
+bool MayWait(std::int64_t theSize)
+{
+    if (theSize > waitAtMost)
+        return false;
+    if (outstandingBytes + theSize > roomAtLastLook) {
+        const std::int64_t room = HostIo::FreeSpace(programHostDir) / 2;
+        if (outstandingBytes + theSize > room)
+            return false;
+        roomAtLastLook = std::min(room, outstandingBytes + (std::int64_t{64} << 20));
+    }
+    return true;
+}
+
+void MadeOnDisk(Dir &theDir, Entry *theEntry, std::string_view theName)
+{
+    if (theEntry) {
+        theEntry->OnDisk = true;
+        theDir.Wrote();
+    } else
+        theDir.Add(theName, HostIo::Kind::File, true);
+}
+}  // namespace
+
+namespace HostFiles
+{
+void MapDrive(char theLetter, const Text &theHostDir)
+{
+    Settle();
+    TheDrives()[LowerChar(theLetter)] = theHostDir == "/" ? "" : theHostDir;
+    ForgetAll();
+}
+
+const Text &ProgramDir()
+{
+    if (programDir.empty())
+        SetProgram(HostIo::ProgramDirectory());
+    return programDir;
+}
+
+void SetProgramDir(const Text &theHostDir)
+{
+    Settle();
+    SetProgram(theHostDir);
+    ForgetAll();
+}
+
+Text ToHost(const Text &thePath)
+{
+    const Text path = Plain(thePath);
+    if (path.size() < 2 || !TheDrives().contains(LowerChar(path[0])))
+        return {};
+    if (path.size() == 3) {
+        const Text &root = TheDrives()[LowerChar(path[0])];
+        return root.empty() ? "/" : root;
+    }
+    std::string_view name;
+    Dir *const dir = FindParent(path, name);
+    if (dir) {
+        const Entry *entry = dir->Find(name, HostIo::Kind::None);
+        return dir->HostPath + '/' + (entry ? entry->Name : Text(name));
+    }
+    Text parent = ToHost(path.substr(0, path.size() - name.size()));
+    return parent.empty() ? parent : parent + '/' + Text(name);
+}
+
+Text FromHost(const Text &theHostPath)
+{
+    Text Result = "c:" + theHostPath;
+    std::replace(Result.begin() + 2, Result.end(), '/', '\\');
+    while (Result.size() > 3 && Result.back() == '\\')
+        Result.pop_back();
+    return Result;
+}
+
+Text Plain(const Text &thePath)
+{
+    if (thePath.size() < 2 || thePath[1] != ':')
+        return thePath;
+    std::vector<std::size_t> ends;  // where Result ended before each element
+    Text Result = thePath.substr(0, 2);
+    for (std::size_t at = 2; at < thePath.size();) {
+        const std::size_t end = std::min(thePath.find_first_of("\\/", at), thePath.size());
+        const Text element = thePath.substr(at, end - at);
+        if (element == "..") {
+            if (!ends.empty()) {
+                Result.resize(ends.back());
+                ends.pop_back();
+            }
+        } else if (!element.empty() && element != ".") {
+            ends.push_back(Result.size());
+            Result += '\\' + element;
+        }
+        at = end + 1;
+    }
+    return Result.size() == 2 ? Result + '\\' : Result;
+}
+
+bool LiesIn(const Text &thePath, const Text &theDir)
+{
+    const auto closed = [](Text thePlain) { return thePlain.ends_with('\\') ? thePlain : thePlain + '\\'; };
+    const Text path = closed(Plain(thePath)), dir = closed(Plain(theDir));
+    return path.size() >= dir.size() && CompareIgnoringCase(std::string_view(path).substr(0, dir.size()), dir) == 0;
+}
+
+bool IsFile(const Text &thePath)
+{
+    std::string_view name;
+    Dir *const dir = FindParent(thePath, name);
+    if (!dir || name.empty())
+        return false;
+    if (dir->Find(name, HostIo::Kind::File))
+        return name[0] != '.';
+    if (name.find_first_of("*?") == std::string_view::npos)
+        return false;
+    const Names names = dir->Listing(HostIo::Kind::File);
+    return std::any_of(names->begin(), names->end(), [&](const Text &one) { return FitsPattern(one, Text(name)); });
+}
+
+bool IsDirectory(const Text &thePath)
+{
+    return FindDir(thePath) != nullptr;
+}
+
+bool DriveExists(const Text &thePath)
+{
+    return thePath.size() >= 2 && thePath[1] == ':' && IsDirectory(Text{thePath[0], ':', '\\'});
+}
+
+std::vector<Text> Drives()
+{
+    std::vector<Text> Result;
+    for (const auto &drive : TheDrives())
+        Result.push_back(Text{drive.first, ':'});
+    return Result;
+}
+
+Names Files(const Text &theDir)
+{
+    Dir *const dir = FindDir(theDir);
+    return dir ? dir->Listing(HostIo::Kind::File) : std::make_shared<const std::vector<Text>>();
+}
+
+Names Directories(const Text &theDir)
+{
+    Dir *const dir = FindDir(theDir);
+    return dir ? dir->Listing(HostIo::Kind::Directory) : std::make_shared<const std::vector<Text>>();
+}
+
+bool FitsPattern(const Text &theName, const Text &thePattern)
+{
+    std::size_t n = 0, p = 0, star = Text::npos, resume = 0;
+    while (n < theName.size()) {
+        if (p < thePattern.size() && thePattern[p] == '*') {
+            star = p++;
+            resume = n;
+        } else if (p < thePattern.size() &&
+                   (thePattern[p] == '?' || LowerChar(thePattern[p]) == LowerChar(theName[n]))) {
+            ++p;
+            ++n;
+        } else if (star != Text::npos) {
+            p = star + 1;
+            n = ++resume;
+        } else
+            return false;
+    }
+    return thePattern.find_first_not_of('*', p) == Text::npos;
+}
+
+Text Read(const Text &theFile)
+{
+    Entry &entry = ExistingFile(theFile);
+    if (entry.Unwritten)
+        MakeOutstanding(entry);
+    return HostIo::Read(entry.CopyOf ? entry.CopyOf->HostPath() : entry.HostPath());
+}
+
+Text Origin(const Text &theFile)
+{
+    const Entry &entry = ExistingFile(theFile);
+    return entry.CopyOf ? entry.CopyOf->HostPath() : entry.HostPath();
+}
+
+void Write(const Text &theFile, const Text &theContent)
+{
+    std::string_view name;
+    const auto [dir, entry] = Target(theFile, name);
+    HostIo::Write(entry ? entry->HostPath() : dir->HostPath + '/' + Text(name), theContent);
+    if (entry) {
+        entry->CopyOf = nullptr;
+        entry->Unwritten = nullptr;
+    }
+    MadeOnDisk(*dir, entry, name);
+}
+
+void Append(const Text &theFile, const Text &theContent)
+{
+    std::string_view name;
+    auto [dir, entry] = Target(theFile, name);
+    if (!entry) {
+        HostIo::Append(dir->HostPath + '/' + Text(name), theContent);
+        dir->Add(name, HostIo::Kind::File, true);
+        return;
+    }
+    if (entry->CopyOf)
+        MakeOutstanding(*entry);
+    if (!entry->Unwritten) {
+        entry->Unwritten = std::make_unique<Text>();
+        outstanding.push_back(entry);
+    }
+    *entry->Unwritten += theContent;
+    if (entry->Unwritten->size() > bufferAtMost)
+        MakeOutstanding(*entry);
+}
+
+void Copy(const Text &theSource, const Text &theTarget)
+{
+    Entry &source = ExistingFile(theSource);
+    std::string_view name;
+    auto [dir, entry] = Target(theTarget, name);
+    if (&source == entry)
+        return;
+    if (source.CopyOf || source.Unwritten)
+        MakeOutstanding(source);
+    // The first copy of a file finds out whether it may be read.
+    if (source.Size < 0)
+        source.Size = HostIo::ReadableSize(source.HostPath());
+    const std::int64_t size = source.Size;
+    if (entry)
+        entry->Unwritten = nullptr;
+    // What the program itself may write later is copied now.
+    if (IsOwn(*source.In, source.Name) || (entry && entry->OnDisk) || !MayWait(size)) {
+        HostIo::Copy(source.HostPath(), entry ? entry->HostPath() : dir->HostPath + '/' + Text(name));
+        if (entry)
+            entry->CopyOf = nullptr;
+        MadeOnDisk(*dir, entry, name);
+        return;
+    }
+    if (!entry)
+        entry = &dir->Add(name, HostIo::Kind::File, false);
+    entry->CopyOf = &source;
+    outstanding.push_back(entry);
+    outstandingBytes += size;
+}
+
+void Delete(const Text &theFile)
+{
+    std::string_view name;
+    const auto [dir, entry] = Target(theFile, name);
+    if (!entry)
+        Fail("file not found", theFile);
+    entry->CopyOf = nullptr;
+    entry->Unwritten = nullptr;
+    if (entry->OnDisk)
+        HostIo::Delete(entry->HostPath());
+    dir->Remove(*entry);
+}
+
+std::int64_t Stamp(const Text &theFile)
+{
+    const Entry *const entry = FindFile(theFile);
+    return entry ? HostIo::ChangeStamp(entry->HostPath()) : -1;
+}
+
+bool EndsInLineFeed(const Text &theFile)
+{
+    const Entry &entry = ExistingFile(theFile);
+    if (entry.Unwritten && !entry.Unwritten->empty())
+        return entry.Unwritten->back() == '\n';
+    return HostIo::EndsInLineFeed(entry.CopyOf ? entry.CopyOf->HostPath() : entry.HostPath());
+}
+
+bool MakeDirectory(const Text &theDir)
+{
+    const Text path = Plain(theDir);
+    std::string_view name;
+    Dir *const dir = FindParent(path, name);
+    if (!dir || name.empty() || dir->Find(name, HostIo::Kind::None))
+        return false;
+    const bool isProject = dir == FindDir(ProgramDir()) && IsProjectDirectory(name);
+    if (!isProject)
+        Guard(*dir, name, theDir);
+    if (!HostIo::MakeDirectory(dir->HostPath + '/' + Text(name)))
+        return false;
+    dir->Add(name, HostIo::Kind::Directory, true);
+    return true;
+}
+
+void Settle()
+{
+    std::vector<RuntimeFailure> failures;
+    for (Entry *entry : outstanding)
+        if (entry->CopyOf || entry->Unwritten) {
+            try {
+                MakeOutstanding(*entry);
+            } catch (const RuntimeFailure &failure) {
+                failures.push_back(failure);
+            }
+        }
+    outstanding.clear();
+    outstandingBytes = roomAtLastLook = 0;
+    if (!failures.empty())
+        throw failures.front();
+}
+
+void RecheckAfter(int theMilliseconds)
+{
+    RecheckMilliseconds = theMilliseconds;
+}
+}  // namespace HostFiles

@@ -1,0 +1,46 @@
+// The calls that differ from one operating system to the next; HostIo_posix.cpp serves Linux and macOS.
+// Paths are the host's own here. Everything that fails throws a RuntimeFailure that names the path.
+#pragma once
+#include "toolkit/Text.h"
+#include <functional>
+#include <vector>
+
+namespace HostIo
+{
+enum class Kind { None, File, Directory, Other };
+
+struct Listed {
+    Text Name;
+    Kind What;
+    bool IsLink;
+};
+
+// When a file or directory last changed, in nanoseconds since 1970; -1 when it isn't there.
+std::int64_t ChangeStamp(const Text &thePath);
+// What a path is, links followed.
+Kind KindOf(const Text &thePath);
+// All names in a directory but "." and ".."; false when it cannot be read. A link to a directory that holds it is
+// left out, since a walk would never come back from it.
+bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames);
+
+// The whole content of a file.
+Text Read(const Text &theFile);
+// Replaces the content of a file in place, or makes it. Never follows a link in the last element.
+void Write(const Text &theFile, const Text &theContent);
+// Adds to the end of a file, or makes it.
+void Append(const Text &theFile, const Text &theContent);
+// Copies content alone. The target's earlier content is gone.
+void Copy(const Text &theSource, const Text &theTarget);
+void Delete(const Text &theFile);
+bool MakeDirectory(const Text &theDir);
+// The size of a file that this process may read; a failure when it may not.
+std::int64_t ReadableSize(const Text &theFile);
+// True when the file is empty or its last byte is LF.
+bool EndsInLineFeed(const Text &theFile);
+// Bytes free to this user where theDir lies.
+std::int64_t FreeSpace(const Text &theDir);
+// The directory of the running program.
+Text ProgramDirectory();
+// The host's drives: a letter each and the directory that it stands for.
+std::vector<std::pair<char, Text>> Drives();
+}  // namespace HostIo

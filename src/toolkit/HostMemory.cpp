@@ -1,0 +1,264 @@
+#include "toolkit/HostMemory.h"
+#include <algorithm>
+#include <chrono>
+#include <unordered_map>
+
+namespace HostMemory
+{
+int RecheckMilliseconds = 200;
+
+namespace
+{
+struct PlaceHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view thePath) const { return std::hash<std::string_view>()(thePath); }
+};
+// Directories by the very text that asked for them.
+std::unordered_map<Text, Dir *, PlaceHash, std::equal_to<>> places;
+std::unordered_map<char, std::unique_ptr<Dir>> roots;
+
+std::int64_t Milliseconds()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+std::int64_t WallNanoseconds()
+{
+    using namespace std::chrono;
+    return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+bool IsSeparator(char theChar)
+{
+    return theChar == '\\' || theChar == '/';
+}
+
+Dir *Root(char theLetter)
+{
+    const char letter = LowerChar(theLetter);
+    auto &root = roots[letter];
+    if (!root || root->Gone) {
+        const auto path = HostFiles::ToHost(Text{letter, ':', '\\'});
+        if (path.empty())
+            return nullptr;
+        root = std::make_unique<Dir>(path == "/" ? Text() : path, nullptr);
+    }
+    root->Recheck();
+    return root->Gone ? nullptr : root.get();
+}
+}  // namespace
+
+Text Entry::HostPath() const
+{
+    return In->HostPath + '/' + Name;
+}
+
+int CompareIgnoringCase(std::string_view a, std::string_view b)
+{
+    const std::size_t both = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < both; ++i) {
+        const auto x = static_cast<unsigned char>(LowerChar(a[i])), y = static_cast<unsigned char>(LowerChar(b[i]));
+        if (x != y)
+            return x < y ? -1 : 1;
+    }
+    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+
+std::size_t FoldHash::operator()(std::string_view theName) const
+{
+    std::uint64_t hash = 0xcbf29ce484222325u;
+    for (const char c : theName)
+        hash = (hash ^ static_cast<unsigned char>(LowerChar(c))) * 0x100000001b3u;
+    return hash ^ (hash >> 32);
+}
+
+void Dir::Recheck()
+{
+    const std::int64_t now = Milliseconds();
+    if (isRead && RecheckMilliseconds > 0 && now - lastLook < RecheckMilliseconds)
+        return;
+    lastLook = now;
+    const std::int64_t changed = HostIo::ChangeStamp(HostPath.empty() ? "/" : HostPath);
+    Gone = changed < 0;
+    if (Gone) {
+        ForgetPlaces();
+        return;
+    }
+    if (isRead && !isFresh && (changed == stamp || ownChange)) {
+        stamp = changed;
+        ownChange = false;
+        return;
+    }
+    stamp = changed;
+    ownChange = false;
+    isFresh = WallNanoseconds() - changed < 50'000'000;
+    ReadAnew();
+}
+
+void Dir::ReadAnew()
+{
+    std::vector<HostIo::Listed> listed;
+    isReadable = HostIo::ReadDirectory(HostPath.empty() ? "/" : HostPath, listed);
+    isRead = true;
+    ForgetListings();
+    std::unordered_set<std::string_view> there;
+    for (const HostIo::Listed &one : listed)
+        there.insert(one.Name);
+    bool placesChanged = false;
+    for (auto entry = entries.begin(); entry != entries.end();) {
+        const bool outstanding = !(*entry)->OnDisk;
+        if (outstanding || there.contains((*entry)->Name)) {
+            ++entry;
+            continue;
+        }
+        placesChanged |= (*entry)->What == HostIo::Kind::Directory;
+        Drop(std::move(entries.extract(entry++).value()));
+    }
+    for (const HostIo::Listed &one : listed) {
+        const auto same = entries.equal_range(std::string_view(one.Name));
+        const auto known = std::find_if(same.first, same.second, [&](const auto &e) { return e->Name == one.Name; });
+        if (known != same.second && (*known)->What == one.What && (*known)->IsLink == one.IsLink) {
+            (*known)->OnDisk = true;
+            continue;
+        }
+        placesChanged |= one.What == HostIo::Kind::Directory;
+        if (known != same.second)
+            Drop(std::move(entries.extract(known).value()));
+        entries.insert(std::make_unique<Entry>(Entry{one.Name, one.What, one.IsLink, true, this}));
+    }
+    if (placesChanged)
+        ForgetPlaces();
+}
+
+void Dir::Drop(std::unique_ptr<Entry> theEntry)
+{
+    if (theEntry->Sub)
+        theEntry->Sub->Gone = true;
+    dropped.push_back(std::move(theEntry));
+}
+
+Entry *Dir::Find(std::string_view theName, HostIo::Kind theKind)
+{
+    const auto same = entries.equal_range(theName);
+    Entry *Result = nullptr;
+    for (auto entry = same.first; entry != same.second; ++entry) {
+        if (theKind != HostIo::Kind::None && (*entry)->What != theKind)
+            continue;
+        if ((*entry)->Name == theName)
+            return entry->get();
+        if (!Result || (*entry)->Name < Result->Name)
+            Result = entry->get();
+    }
+    // A directory that may be passed through but not listed still answers for an exact name.
+    if (!Result && !isReadable && !theName.empty()) {
+        const HostIo::Kind kind = HostIo::KindOf(HostPath + '/' + Text(theName));
+        if (kind != HostIo::Kind::None && (theKind == HostIo::Kind::None || kind == theKind))
+            Result = &Add(theName, kind, true);
+    }
+    return Result;
+}
+
+Dir *Dir::Enter(std::string_view theName)
+{
+    Entry *entry = Find(theName, HostIo::Kind::Directory);
+    if (!entry)
+        return nullptr;
+    if (!entry->Sub || entry->Sub->Gone)
+        entry->Sub = std::make_unique<Dir>(entry->HostPath(), entry);
+    entry->Sub->Recheck();
+    return entry->Sub->Gone ? nullptr : entry->Sub.get();
+}
+
+Entry &Dir::Add(std::string_view theName, HostIo::Kind theKind, bool isOnDisk)
+{
+    ForgetListings();
+    if (isOnDisk)
+        Wrote();
+    return **entries.insert(std::make_unique<Entry>(Entry{Text(theName), theKind, false, isOnDisk, this}));
+}
+
+void Dir::Remove(Entry &theEntry)
+{
+    ForgetListings();
+    Wrote();
+    const auto same = entries.equal_range(std::string_view(theEntry.Name));
+    for (auto entry = same.first; entry != same.second; ++entry)
+        if (entry->get() == &theEntry) {
+            Drop(std::move(entries.extract(entry).value()));
+            return;
+        }
+}
+
+HostFiles::Names Dir::Listing(HostIo::Kind theKind)
+{
+    HostFiles::Names &kept = theKind == HostIo::Kind::Directory ? directories : files;
+    if (!kept) {
+        std::vector<Text> names;
+        for (const auto &entry : entries)
+            if (entry->What == theKind && entry->Name[0] != '.' && entry->Name.find('\\') == Text::npos)
+                names.push_back(entry->Name);
+        std::sort(names.begin(), names.end(), [](const Text &a, const Text &b) {
+            const int order = CompareIgnoringCase(a, b);
+            return order != 0 ? order < 0 : a < b;
+        });
+        kept = std::make_shared<const std::vector<Text>>(std::move(names));
+    }
+    return kept;
+}
+
+Dir *FindDir(std::string_view thePath)
+{
+    if (const auto known = places.find(thePath); known != places.end()) {
+        Dir *const dir = known->second;
+        dir->Recheck();
+        // The look may have emptied the places, but never frees a directory.
+        if (!dir->Gone)
+            return dir;
+    }
+    if (thePath.size() < 2 || thePath[1] != ':' || (thePath.size() > 2 && !IsSeparator(thePath[2])))
+        return nullptr;
+    std::vector<std::string_view> elements;
+    for (std::size_t at = 2; at < thePath.size();) {
+        std::size_t end = at;
+        while (end < thePath.size() && !IsSeparator(thePath[end]))
+            ++end;
+        const std::string_view element = thePath.substr(at, end - at);
+        if (element == "..") {
+            if (!elements.empty())
+                elements.pop_back();
+        } else if (!element.empty() && element != ".")
+            elements.push_back(element);
+        at = end + 1;
+    }
+    Dir *dir = Root(thePath[0]);
+    for (const std::string_view element : elements)
+        if (dir)
+            dir = dir->Enter(element);
+    if (dir)
+        places.insert_or_assign(Text(thePath), dir);
+    return dir;
+}
+
+Dir *FindParent(std::string_view thePath, std::string_view &theName)
+{
+    std::size_t cut = thePath.size();
+    while (cut > 0 && !IsSeparator(thePath[cut - 1]))
+        --cut;
+    theName = thePath.substr(cut);
+    if (theName == "." || theName == "..")
+        theName = {};
+    return cut == 0 ? nullptr : FindDir(thePath.substr(0, cut));
+}
+
+void ForgetPlaces()
+{
+    places.clear();
+}
+
+void ForgetAll()
+{
+    places.clear();
+    roots.clear();
+}
+}  // namespace HostMemory

@@ -1,0 +1,44 @@
+// What the program asks of its platform beside controls: message boxes, the yield, the clock, pictures.
+#pragma once
+#include "toolkit/Failure.h"
+#include "toolkit/Text.h"
+#include <cstdint>
+
+// Flags and answers of a message box; they add up.
+inline constexpr int msgOK = 0;
+inline constexpr int msgYesNo = 4;
+inline constexpr int msgStop = 16;
+inline constexpr int msgThirdDefault = 512;
+inline constexpr int answerOK = 1;
+inline constexpr int answerYes = 6;
+inline constexpr int answerNo = 7;
+
+// The title of every message box that is given none.
+extern Text DefaultBoxTitle;
+
+// Shows a modal message box and waits for the answer; an empty title stands for DefaultBoxTitle.
+int MsgBox(const Text &thePrompt, int theFlags = msgOK, const Text &theTitle = "");
+
+void Beep();
+
+// Lets the screen's events be served: clicks, keys, timers. Costs next to nothing when nothing is due.
+void DoEvents();
+
+// The same for a loop that does nothing but wait: everything written so far is put on the disk first, and the
+// presentation may let time pass.
+void WaitEvents();
+
+// Like DoEvents, where something must be seen now: a tick changed, a screen came up.
+void ShowNow();
+
+// The path of a picture that is there; a run-time failure when it isn't.
+Text LoadPicture(const Text &thePath);
+
+// The clock at its finest resolution, to seed from. SetClock makes it a counter that starts at theSeed, so that a
+// run can be repeated.
+std::uint64_t ClockTicks();
+void SetClock(std::uint64_t theSeed);
+
+// Tells who wants to know that a trap caught a failure in procedure theProcedure.
+void TrapCaught(const RuntimeFailure &theFailure, const char *theProcedure);
+extern void (*WhenTrapped)(const RuntimeFailure &theFailure, const char *theProcedure);
