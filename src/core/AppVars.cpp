@@ -1,0 +1,35 @@
+#include "core/AppVars.h"
+
+constinit Text ShowWelcome;
+constinit Text DebugWhere;
+constinit bool DevMode = false;
+constinit Text AppTitle;
+constinit double FormWidth = 0;
+constinit double FormHeight = 0;
+constinit long PagesFailedCnt = 0;
+constinit long BrokenLinksTally = 0;
+constinit long LinksInternalCnt = 0;
+constinit long FilesProcessedCnt = 0;
+constinit long RunSpareCnt = 0;
+constinit long KeywordsInFileName = 0;
+constinit long InitSpareValue = 0;
+constinit double KeywordsPerFilename = 0;
+constinit bool ExitConfirmNeeded = false;
+constinit Text ProjectMode;
+constinit bool UsingQuillmark = false;
+constinit Text ProjectNumber;
+constinit Text ProjectName;
+constinit Text LocalSiteDir;
+constinit Text DomainName;
+constinit long KeywordTotal = 0;
+constinit bool CancelRequested = false;
+constinit bool PauseAbortFlag = false;
+constinit bool TreatThisFile = false;
+constinit bool ReportFinished = false;
+constinit Text CurrentFilePath;
+constinit Text LinkSubDir;
+constinit Text FileNameNumber;
+constinit Text OldPageChunk;
+constinit Text NewPageChunk;
+constinit bool HelpBoxOpen = false;
+constinit bool HelpBoxClosed = true;

@@ -1,0 +1,70 @@
+#include "core/DirHandle.h"
+#include "core/FileHandle.h"
+#include "core/TextOps.h"
+#include "core/Trap.h"
+#include "engine/temp.h"
+#include "toolkit/HostFiles.h"
+
+// Nothing sets it, so MakeOneDir stays silent.
+static bool showsDirErrors = false;
+
+bool ifDirExists(const Text &thePath)
+{
+    bool Result = false;
+    Trap([&] {
+        if (MidPart(thePath, 2, 2) != ":\\") {
+            MsgBox(Text("ifDirExists() function must receive its parameter in the form of \"c:\\123\\456\\\"") + CRLF +
+                   CRLF + "Your directory parameter was in this form:  \"" + thePath + "\"");
+            MsgBox(DebugWhere);
+            return;
+        }
+        if (ifDriveExists(thePath))
+            Result = HostFiles::IsDirectory(thePath);
+    });
+    return Result;
+}
+
+bool ifDriveExists(const Text &thePath)
+{
+    bool Result = false;
+    Trap([&] {
+        Text drive = LeftPart(thePath, 3);
+        if (Len(drive) == 1)
+            drive += ":\\";
+        // "x:" alone gets no further than this: its characters 2 and 3 are not ":\". Wanted.
+        if (MidPart(drive, 2, 2) == ":\\")
+            Result = HostFiles::IsDirectory(drive);
+    });
+    return Result;
+}
+
+bool CreateDirectories(const Text &thePath)
+{
+    bool Result = true;
+    Trap([&] {
+        if (MidPart(thePath, 2, 2) != ":\\") {
+            MsgBox(Text("You must include the drive for which you'd like to create your directory(s)") + CRLF +
+                   "example:  C:\\" + thePath);
+            return;
+        }
+        const Text drive = LeftPart(thePath, 2);
+        if (!ifDriveExists(thePath))
+            Fail("drive not found", thePath);
+        const Text path = AddTrailingSlash(GetFileFromLink(thePath, 1, 0));
+        if (HostFiles::IsDirectory(path))
+            return;  // each step below would fail in silence
+        const Text belowDrive = RightPart(path, Len(path) - 2);
+        for (std::int64_t i = 1; i <= Len(belowDrive); ++i)
+            if (MidPart(belowDrive, i, 1) == "\\")
+                MakeOneDir(drive + LeftPart(belowDrive, i - 1));
+    });
+    return Result;
+}
+
+bool MakeOneDir(const Text &thePath)
+{
+    const bool Result = HostFiles::MakeDirectory(thePath);
+    if (!Result && showsDirErrors)
+        MsgBox("Error creating directory:  " + thePath);
+    return Result;
+}

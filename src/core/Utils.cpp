@@ -1,0 +1,99 @@
+#include "core/Utils.h"
+#include "core/TextOps.h"
+#include "core/Trap.h"
+
+static Text JoinLines(const std::vector<Text> &theLines)
+{
+    Text Result;
+    for (const Text &line : theLines)
+        Result += line + CRLF;
+    return Result;
+}
+
+void ShowMessageLines(const std::vector<Text> &theLines)
+{
+    Trap([&] { MsgBox(JoinLines(theLines)); });
+}
+
+void LogMessageLines(const std::vector<Text> &)
+{
+    // Made for a log that the product doesn't keep; the calls stay where a log would want them.
+}
+
+Text StripFromEnds(const Text &theString, const Text &theSub, Flag fromFront)
+{
+    Text Result;
+    Trap([&] {
+        Result = theString;
+        Text work = theString;
+        // n stays though work shrinks: a doubled occurrence runs the loop out with Result unassigned, so it comes back
+        // whole, and so does a text of one character. Wanted: the link rules inherit it.
+        const std::int64_t n = Len(theString);
+        for (std::int64_t i = 1; i <= n; ++i) {
+            const bool fits = fromFront > 0 ? BeginsWith(work, theSub) : EndsWith(work, theSub);
+            if (!fits) {
+                Result = work;
+                break;
+            }
+            work = fromFront > 0 ? RightPart(work, n - Len(theSub)) : LeftPart(work, n - Len(theSub));
+        }
+    });
+    return Result;
+}
+
+Text ReplaceText(const Text &theString, const Text &findThis, const Text &replaceWith)
+{
+    Text Result;
+    std::int64_t from = 1;
+    Trap([&] {
+        for (std::int64_t found; (found = FindText(from, theString, findThis)) != 0; from = found + Len(findThis)) {
+            Result.append(theString, static_cast<std::size_t>(from - 1), static_cast<std::size_t>(found - from));
+            Result += replaceWith;
+        }
+    });
+    // Behind the trap: a failure in the loop still leaves the rest of the text in place.
+    Result.append(theString, static_cast<std::size_t>(from - 1));
+    return Result;
+}
+
+Text StripFileFromEnd(const Text &thePath)
+{
+    Text Result;
+    Trap([&] {
+        std::int16_t length = Count16(Len(thePath));
+        if (EndsWith(thePath, "\\"))
+            --length;
+        const std::int16_t k = Count16(FindLastText(LeftPart(thePath, length), "\\"));
+        Result = k >= 1 ? LeftPart(thePath, k - 1) : "0";
+    });
+    return Result;
+}
+
+std::int16_t CountInString(const Text &theString, const Text &findThis)
+{
+    std::int16_t Result = 0;
+    Trap([&] {
+        std::int64_t count = 0;
+        for (std::int64_t found = 0; (found = FindText(found + 1, theString, findThis, true)) != 0;)
+            Count16(++count);
+        Result = Count16(count);
+    });
+    return Result;
+}
+
+Text CloseUpEquals(const Text &theTag)
+{
+    Text Result;
+    Trap([&] {
+        Text t = theTag;
+        // One pass that never looks back: of two blanks beside an "=" one stays. Wanted.
+        for (std::size_t i = 0; i < t.size(); ++i) {
+            if (t.compare(i, 2, " =") == 0)
+                t.erase(i, 1);
+            if (t.compare(i, 2, "= ") == 0)
+                t.erase(i + 1, 1);
+        }
+        Result = t;
+    });
+    return Result;
+}

@@ -1,0 +1,91 @@
+#include "core/frmSplash.h"
+#include "core/FileHandle.h"
+#include "core/TextOps.h"
+#include "core/Trap.h"
+#include "core/frmLists.h"
+#include "wizard/frmMenu.h"
+#include "wizard/frmWelcome.h"
+
+namespace frmSplash
+{
+void Form_Load(), Timer1_Timer();
+
+Form Me{"frmSplash", {.Width = 302, .Height = 447, .Load = Form_Load}};
+Label Label1{Me, "Label1", {.Left = 20, .Top = 408, .Width = 262, .Height = 20, .Style = Look::Splash}};
+Timer Timer1{Me, "Timer1", {.Interval = 3000, .Enabled = false, .Tick = Timer1_Timer}};
+
+void Form_Load()
+{
+    Trap([] {
+        DevMode = false;
+        Init_Vars();
+        const Text version = "1.0.7B";
+        if (DevMode)
+            AppTitle += " [DEVMODE]";
+        DefaultBoxTitle = AppTitle;
+        Me.Width = 302;
+        Me.Height = 447;
+        Me.Caption = AppTitle;
+        Me.Picture = LoadPicture(InProgramDir("imgs\\bg_splash.jpg"));
+        Label1.Caption = "Version " + version;
+    });
+    // Behind the trap: a missing picture leaves a bare splash that still goes on.
+    Timer1.Enabled = true;
+}
+
+static void FillWithZeros(ListBox &theList)
+{
+    for (int i = 0; i < frmLists::lstMediaExtensions.ListCount(); ++i)
+        theList.SetList(i, "0");
+}
+
+void Init_Vars()
+{
+    Trap([] {
+        ShowWelcome = LoadVariable("ShowWelcome", 0);
+        AppTitle = "Ferncastle";
+        FormWidth = 600;
+        FormHeight = 435;
+        HelpBoxOpen = false;
+        HelpBoxClosed = true;
+        ExitConfirmNeeded = true;
+        UsingQuillmark = false;
+        InitSpareValue = 1;
+        ReportFinished = false;
+        LoadListFromFile("lst", "domains", frmLists::ListDomainExtensions);
+        LoadListFromFile("lst", "LinkTrash", frmLists::ListLinkTrash);
+        LoadListFromFile("lst", "Indexes", frmLists::ListIndexes);
+        LoadListFromFile("lst", "MediaExtensions", frmLists::lstMediaExtensions);
+        FillWithZeros(frmLists::lstMediaLinksCnt);
+        FillWithZeros(frmLists::lstMediaFilesCnt);
+    });
+}
+
+// A saved flag as a truth value: -1 or "True". The program's own "1" is not equal to true. Wanted.
+static bool EqualsTrue(const Text &theFlag)
+{
+    Text flag = theFlag;
+    flag.erase(0, flag.find_first_not_of(' '));
+    flag.erase(flag.find_last_not_of(' ') + 1);
+    if (EqualsIgnoringCase(flag, "True"))
+        return true;
+    if (EqualsIgnoringCase(flag, "False"))
+        return false;
+    const std::size_t digits = flag.find_first_not_of("+-") == Text::npos ? 0 : flag.find_first_not_of("+-");
+    if (digits > 1 || flag.empty() || flag.find_first_not_of("0123456789.", digits) != Text::npos ||
+        flag.find_first_of("0123456789") == Text::npos)
+        Fail("not a flag", theFlag);
+    return NumberAtStart(flag) == -1;
+}
+
+void Timer1_Timer()
+{
+    Trap([] {
+        if (EqualsTrue(ShowWelcome))
+            frmWelcome::Me.Show();
+        else
+            frmMenu::Me.Show();
+        Me.Unload();
+    });
+}
+}  // namespace frmSplash
