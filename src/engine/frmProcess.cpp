@@ -1,0 +1,454 @@
+#include "engine/frmProcess.h"
+#include "core/DirHandle.h"
+#include "core/FileHandle.h"
+#include "core/SaveLoad.h"
+#include "core/TextOps.h"
+#include "core/Trap.h"
+#include "core/Utils.h"
+#include "core/frmLists.h"
+#include "engine/do_the_file.h"
+#include "engine/frmTheFile.h"
+#include "report/GenerateReport.h"
+#include "report/frmGeneratingReport.h"
+#include "report/frmReport.h"
+#include "toolkit/HostFiles.h"
+#include "wizard/HelpBox.h"
+#include "wizard/ScreenLook.h"
+#include "wizard/frmFilters.h"
+
+namespace frmProcess
+{
+void Form_Load(), Timer1_Timer(), Timer2_Timer(), Dir1_Change();
+void btnPause_Click(), btnResume_Click(), btnCancel_Click(), btnCloseHelp_Click();
+void hlpFilesProcessed_Click(), hlpPagesAdded_Click(), hlpKeywordsAdded_Click(), hlpLinksInternal_Click();
+void hlpLinksExternal_Click(), hlpLinksBroken_Click(), Image1_Click(), Image2_Click();
+
+Form Me{"frmProcess", {.Load = Form_Load}};
+MenuBar Menu{Me, FullMenu<Menu>()};
+Label lblTitle{
+    Me,
+    "lblTitle",
+    {.Left = 24, .Top = 12, .Width = 380, .Height = 24, .Caption = "Expanding Your Site", .Style = Look::Title}};
+
+Label Label2{
+    Me, "Label2", {.Left = 24, .Top = 58, .Width = 130, .Height = 18, .Caption = "Project Name:", .Style = Look::Dim}};
+Label lblProjName{Me, "lblProjName", {.Left = 158, .Top = 58, .Width = 418, .Height = 18, .Style = Look::Value}};
+Label Label3{
+    Me, "Label3", {.Left = 24, .Top = 78, .Width = 130, .Height = 18, .Caption = "Original site:", .Style = Look::Dim}};
+Label lblOrigSiteDir{Me, "lblOrigSiteDir", {.Left = 158, .Top = 78, .Width = 418, .Height = 18, .Style = Look::Value}};
+Label Label4{
+    Me, "Label4", {.Left = 24, .Top = 98, .Width = 130, .Height = 18, .Caption = "New site:", .Style = Look::Dim}};
+Label lblNewSiteDir{Me, "lblNewSiteDir", {.Left = 158, .Top = 98, .Width = 418, .Height = 18, .Style = Look::Value}};
+Label Label5{
+    Me, "Label5", {.Left = 24, .Top = 118, .Width = 130, .Height = 18, .Caption = "Domain name:", .Style = Look::Dim}};
+Label lblDomainName{Me, "lblDomainName", {.Left = 158, .Top = 118, .Width = 418, .Height = 18, .Style = Look::Value}};
+Label Label6{Me,
+             "Label6",
+             {.Left = 24, .Top = 138, .Width = 130, .Height = 18, .Caption = "Total Keywords:", .Style = Look::Dim}};
+Label lblTotalKeywords{
+    Me, "lblTotalKeywords", {.Left = 158, .Top = 138, .Width = 418, .Height = 18, .Style = Look::Value}};
+Label Label7{
+    Me, "Label7", {.Left = 24, .Top = 164, .Width = 130, .Height = 18, .Caption = "Current file:", .Style = Look::Dim}};
+Label lblCurrentFile{
+    Me,
+    "lblCurrentFile",
+    {.Left = 158, .Top = 164, .Width = 418, .Height = 18, .Caption = "CurrentFile.htm", .Style = Look::Value}};
+
+Label Label8{Me, "Label8", {.Left = 24, .Top = 204, .Width = 130, .Height = 18, .Caption = "Files Processed"}};
+Label lblFilesCnt{
+    Me, "lblFilesCnt", {.Left = 158, .Top = 198, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image hlpFilesProcessed{Me,
+                        "hlpFilesProcessed",
+                        {.Left = 258,
+                         .Top = 202,
+                         .Width = 22,
+                         .Height = 22,
+                         .Says = "Help: Files Processed",
+                         .Click = hlpFilesProcessed_Click}};
+Label Label9{Me, "Label9", {.Left = 24, .Top = 244, .Width = 130, .Height = 18, .Caption = "Pages Added"}};
+Label lblPagesAdded{
+    Me, "lblPagesAdded", {.Left = 158, .Top = 238, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image hlpPagesAdded{
+    Me,
+    "hlpPagesAdded",
+    {.Left = 258, .Top = 242, .Width = 22, .Height = 22, .Says = "Help: Pages Added", .Click = hlpPagesAdded_Click}};
+Label Label10{Me, "Label10", {.Left = 24, .Top = 284, .Width = 130, .Height = 18, .Caption = "Keywords Added"}};
+Label lblKeywordsAdded{Me,
+                       "lblKeywordsAdded",
+                       {.Left = 158, .Top = 278, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image hlpKeywordsAdded{Me,
+                       "hlpKeywordsAdded",
+                       {.Left = 258,
+                        .Top = 282,
+                        .Width = 22,
+                        .Height = 22,
+                        .Says = "Help: Keywords Added",
+                        .Click = hlpKeywordsAdded_Click}};
+Label Label11{Me, "Label11", {.Left = 24, .Top = 324, .Width = 130, .Height = 18, .Caption = "Internal Links"}};
+Label lblLinksInternalCnt{Me,
+                          "lblLinksInternalCnt",
+                          {.Left = 158, .Top = 318, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image hlpLinksInternal{Me,
+                       "hlpLinksInternal",
+                       {.Left = 258,
+                        .Top = 322,
+                        .Width = 22,
+                        .Height = 22,
+                        .Says = "Help: Internal Links",
+                        .Click = hlpLinksInternal_Click}};
+Label Label12{Me, "Label12", {.Left = 320, .Top = 204, .Width = 130, .Height = 18, .Caption = "External Links"}};
+Label lblLinksExternalCnt{Me,
+                          "lblLinksExternalCnt",
+                          {.Left = 454, .Top = 198, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image hlpLinksExternal{Me,
+                       "hlpLinksExternal",
+                       {.Left = 554,
+                        .Top = 202,
+                        .Width = 22,
+                        .Height = 22,
+                        .Says = "Help: External Links",
+                        .Click = hlpLinksExternal_Click}};
+Label Label13{Me, "Label13", {.Left = 320, .Top = 244, .Width = 130, .Height = 18, .Caption = "Broken Links"}};
+Label lblLinksBrokenCnt{Me,
+                        "lblLinksBrokenCnt",
+                        {.Left = 454, .Top = 238, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image hlpLinksBroken{
+    Me,
+    "hlpLinksBroken",
+    {.Left = 554, .Top = 242, .Width = 22, .Height = 22, .Says = "Help: Broken Links", .Click = hlpLinksBroken_Click}};
+Label Label14{Me, "Label14", {.Left = 320, .Top = 284, .Width = 130, .Height = 18, .Caption = "Media Files"}};
+Label lblMediaFilesFound{Me,
+                         "lblMediaFilesFound",
+                         {.Left = 454, .Top = 278, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image Image1{Me,
+             "Image1",
+             {.Left = 554, .Top = 282, .Width = 22, .Height = 22, .Says = "Help: Media Files", .Click = Image1_Click}};
+Label Label15{Me, "Label15", {.Left = 320, .Top = 324, .Width = 130, .Height = 18, .Caption = "Media Links"}};
+Label lblLinksMedia{
+    Me, "lblLinksMedia", {.Left = 454, .Top = 318, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Image Image2{Me,
+             "Image2",
+             {.Left = 554, .Top = 322, .Width = 22, .Height = 22, .Says = "Help: Media Links", .Click = Image2_Click}};
+
+// Two pairs of buttons, each on one spot.
+Image btnPause{
+    Me, "btnPause", {.Left = 362, .Top = 372, .Width = 104, .Height = 34, .Says = "Pause", .Click = btnPause_Click}};
+Image btnResume{Me,
+                "btnResume",
+                {.Left = 362,
+                 .Top = 372,
+                 .Width = 104,
+                 .Height = 34,
+                 .Says = "Resume",
+                 .Visible = false,
+                 .Click = btnResume_Click}};
+Image btnCancel{
+    Me, "btnCancel", {.Left = 472, .Top = 372, .Width = 104, .Height = 34, .Says = "Cancel", .Click = btnCancel_Click}};
+Image btnReport{Me,
+                "btnReport",
+                {.Left = 472,
+                 .Top = 372,
+                 .Width = 104,
+                 .Height = 34,
+                 .Says = "Report",
+                 .Visible = false,
+                 .Click = btnReport_Click}};
+HelpFrame Help{Me, btnCloseHelp_Click};
+
+DirList Dir1{Me, "Dir1", {.Change = Dir1_Change}};
+FileList File1{Me, "File1", {}};
+Timer Timer1{Me, "Timer1", {.Interval = 1, .Enabled = false, .Tick = Timer1_Timer}};
+Timer Timer2{Me, "Timer2", {.Interval = 100, .Enabled = false, .Tick = Timer2_Timer}};
+std::int16_t resumeFlag = 0;  // 1 ends a pause
+
+static void LoadButton(Image &theButton, const Text &theFile)
+{
+    theButton.Picture = LoadPicture(InProgramDir("imgs\\" + theFile));
+}
+
+// Has no trap: a missing picture is the platform's to report.
+void Form_Load()
+{
+    ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
+    RefreshMasterKeywordList();
+    frmTheFile::Me.Width = FormWidth;
+    frmTheFile::Me.Height = FormHeight;
+    LoadButton(btnCancel, "btnCancel.jpg");
+    LoadButton(btnPause, "btnPause.jpg");
+    LoadButton(btnResume, "btnResume.jpg");
+    LoadButton(btnReport, "btnReport.jpg");
+    for (Image *help : {&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded, &hlpLinksInternal, &hlpLinksExternal,
+                        &hlpLinksBroken, &Image1, &Image2})
+        LoadButton(*help, "btnHelp.jpg");
+    Dir1.Visible = false;
+    File1.Visible = false;
+    lblProjName.Caption = ProjectName;
+    lblOrigSiteDir.Caption = LocalSiteDir;
+    lblNewSiteDir.Caption = InProgramDir(ProjectNumber + "\\");
+    lblDomainName.Caption = DomainName;
+    lblTotalKeywords.Caption = std::to_string(KeywordTotal);
+    LinksInternalCnt = 0;
+    FilesProcessedCnt = 0;
+    RunSpareCnt = 0;
+    Timer1.Enabled = true;
+}
+
+// Has no trap, like the walk that it runs.
+void Timer1_Timer()
+{
+    Me.CloseRefused = true;
+    Dir1.Path = LocalSiteDir;
+    File1.Path = LocalSiteDir;
+    for (const char *name :
+         {"ExternalLinksFiles.sav", "ExternalLinksLinks.sav", "BrokenLinksFiles.sav", "BrokenLinksLinks.sav"})
+        if (const Text file = InStoreDir(name); ifFileExists(file))
+            HostFiles::Delete(file);
+    SiteWalk();
+    Timer1.Enabled = false;
+    btnReport.Visible = true;
+    btnPause.Visible = false;
+    btnResume.Visible = false;
+    btnCancel.Visible = false;
+    btnReport_Click();
+}
+
+void Timer2_Timer()
+{
+    Trap([] {
+        if (ReportFinished)
+            Timer2.Enabled = false;
+        frmGeneratingReport::ShowMeter(frmGeneratingReport::Frame1, frmGeneratingReport::Shape1);
+    });
+}
+
+void Dir1_Change()
+{
+    File1.Path = Dir1.Path;
+}
+
+void AddToCount(Label &theLabel, double theNumber)
+{
+    theLabel.Caption = NumberText(NumberAtStart(theLabel.Caption) + theNumber);
+}
+
+// The last three letters decide, with no regard for the point: "tml" is the row that lets ".html" pass. Wanted.
+static bool EndsInRow(const Text &theFile, const Text &theRow)
+{
+    return EqualsIgnoringCase(RightPart(theFile, 3), theRow);
+}
+
+bool PassesFilter(const Text &theFile)
+{
+    if (!Menu.optUseFilters.Checked)
+        return true;
+    for (int row = 0; row < frmFilters::List1.ListCount(); ++row)
+        if (EndsInRow(theFile, frmFilters::List1.List(row)))
+            return true;
+    return false;
+}
+
+static void TallyMediaFile(const Text &theFile)
+{
+    auto &extensions = frmLists::lstMediaExtensions;
+    for (int k = 0; k < extensions.ListCount(); ++k)
+        if (EndsInRow(theFile, extensions.List(k))) {
+            AddToCount(lblMediaFilesFound);
+            auto &counts = frmLists::lstMediaFilesCnt;
+            counts.SetList(k, NumberText(NumberAtStart(counts.List(k)) + 1));
+            return;
+        }
+}
+
+static void CopyUnchanged(const Text &theFile)
+{
+    const Text source = AddTrailingSlash(File1.Path) + theFile;
+    // The result is not looked at: the walk goes on.
+    CopyFile(source, InProgramDir(ProjectNumber + "\\" + RightPart(source, Len(source) - Len(LocalSiteDir))));
+}
+
+// A walk in the project's own directory would meet what it has just written, and write over its own source.
+static void RefuseOwnProject()
+{
+    if (HostFiles::LiesIn(Dir1.Path, InProgramDir(ProjectNumber)))
+        Standstill("SiteWalk", "The site's directory and the directory of the new site, " + Dir1.Path.Get() +
+                                   ", lie in one another. Choose the directory that holds your site's files alone.");
+}
+
+void SiteWalk()
+{
+    RefuseOwnProject();
+    const std::int16_t fileCount = Count16(File1.ListCount());
+    for (int i = 0; i < fileCount; ++i) {
+        if (CancelRequested)
+            break;
+        const Text file = File1.List(i);
+        lblCurrentFile.Caption = AddTrailingSlash(File1.Path) + file;
+        TreatThisFile = PassesFilter(file);
+        TallyMediaFile(file);
+        if (TreatThisFile)
+            do_the_file(file);
+        else
+            CopyUnchanged(file);
+        TreatThisFile = false;
+        DoEvents();
+    }
+    if (!Menu.optSubdirs.Checked)
+        return;
+    const Text path = Dir1.Path;
+    const std::int16_t dirCount = Count16(Dir1.ListCount());
+    for (int m = 0; m < dirCount; ++m) {
+        if (CancelRequested)
+            break;
+        Dir1.Path = Dir1.List(m);
+        SiteWalk();
+        Dir1.Path = path;
+        DoEvents();
+    }
+    Dir1.Path = path;
+}
+
+std::int16_t StrCount(const Text &theString, const Text &CountThis)
+{
+    return CountInString(theString, CountThis);
+}
+
+std::int16_t GetDirLevel(const Text &thePath, int WhichSite)
+{
+    std::int16_t Result = 0;
+    Trap([&] {
+        const Text path = ifDirExists(thePath) ? AddTrailingSlash(thePath) : thePath;
+        const Text base = WhichSite == 1 ? InProgramDir(AddTrailingSlash(ProjectNumber)) : LocalSiteDir;
+        Result = StrCount(RightPart(path, Len(path) - Len(base)), "\\");
+    });
+    return Result;
+}
+
+Text StringMulti(int HowMany, const Text &theString)
+{
+    Text Result;
+    for (int i = 0; i < HowMany; ++i)
+        Result += theString;
+    return Result;
+}
+
+static bool MustStop()
+{
+    return CancelRequested || PauseAbortFlag;
+}
+
+void btnPause_Click()
+{
+    Trap([] {
+        if (!MustStop())
+            btnResume.Visible = true;
+        btnPause.Visible = false;
+        resumeFlag = 0;
+        while (resumeFlag != 1) {
+            WaitEvents();
+            if (MustStop())
+                resumeFlag = 1;
+        }
+        if (!MustStop())
+            btnPause.Visible = true;
+        btnResume.Visible = false;
+    });
+}
+
+void btnResume_Click()
+{
+    Trap([] { resumeFlag = 1; });
+}
+
+void btnCancel_Click()
+{
+    Trap([] { CancelRequested = true; });
+}
+
+void btnReport_Click()
+{
+    Trap([] {
+        GenerateReport();
+        frmReport::Me.Show();
+        frmGeneratingReport::Me.Unload();
+        Me.Unload();
+    });
+}
+
+void btnCloseHelp_Click()
+{
+    Trap([] { CloseHelpBox(Me); });
+}
+
+void hlpFilesProcessed_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Files Processed",
+                    "This is a count of how many of your sites pages have been processed so far.");
+    });
+}
+
+void hlpPagesAdded_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Pages Added",
+                    "This is a count of how many pages have been created, referenced, and added to your site's "
+                    "structure.");
+    });
+}
+
+void hlpKeywordsAdded_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Keywords Added",
+                    "This is the total number of your chosen keywords that have been interspersed throughout your "
+                    "site.\r\n\r\nThis greatly increases your keyword density, and therefore all of your site's pages "
+                    "will have a higher page rank priority.");
+    });
+}
+
+void hlpLinksInternal_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Internal Links",
+                    "Here is the number of internal links that have been found on your site.  Each one creates a new "
+                    "page for your site that is visually identical to the file that the link references.  The main "
+                    "difference is that the new filename and file contents contain many more of your chosen keywords.");
+    });
+}
+
+void hlpLinksExternal_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "External Links",
+                    "This is the number of links found on your site that link a visitor to a destination that is not "
+                    "on your site.");
+    });
+}
+
+void hlpLinksBroken_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Broken Links",
+                    "Ferncastle has found this many broken links on your site.  You can see details regarding these "
+                    "links in the report that is generated upon completion of the expansion process.");
+    });
+}
+
+void Image1_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Media Files",
+                    "This is a count of how many media files are on your site.  Examples of media files are any "
+                    "images, movies, audio files, zipped files, etc.");
+    });
+}
+
+void Image2_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Media Links",
+                    "Here you'll find a number that represents how many media files on your site to which you have "
+                    "made links for your visitors.");
+    });
+}
+}  // namespace frmProcess
