@@ -1,0 +1,393 @@
+#include "player/Player.h"
+#include "core/TextOps.h"
+#include "player/PageReader.h"
+#include "toolkit/HostFiles.h"
+#include "toolkit/Services.h"
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <limits>
+
+namespace
+{
+constexpr long never = std::numeric_limits<long>::max();
+constexpr long patience = 3'600'000;  // of the player's clock: a screen that isn't there within the hour never comes
+
+// Text of several lines, indented under its heading.
+Text Indented(const Text &theText)
+{
+    Text Result;
+    for (const char c : theText)
+        if (c != '\r')
+            Result += c == '\n' ? Text("\n          ") : Text(1, c);
+    return Result;
+}
+
+void Say(const Text &theWhat, const Text &theText)
+{
+    std::cout << theWhat << Text(theWhat.size() < 10 ? 10 - theWhat.size() : 1, ' ') << Indented(theText) << '\n';
+}
+
+bool IsShowing(const Text &theForm)
+{
+    const Form *const form = FindForm(theForm);
+    return form && form->Visible;
+}
+
+void TraceFailure(const RuntimeFailure &theFailure, const char *theProcedure)
+{
+    Say("trapped", theFailure.What + " (" + theFailure.Where + ") in " + theProcedure);
+}
+}  // namespace
+
+int Player::Play(Form &theFirstForm)
+{
+    Present(this);
+    StartProgram(theFirstForm);
+    while (!hasEnded) {
+        PlayLines();
+        if (hasEnded || next == script.size())
+            break;
+        const long start = now;
+        while (!hasEnded && IsHeldBack(script[next]))
+            if (!AdvanceToNextTimer() || now - start > patience)
+                StopAt(script[next], endScript, "this will never come: nothing moves the program any more");
+    }
+    Finish();
+    return code;
+}
+
+void Player::Finish()
+{
+    if (!hasEnded)
+        HostFiles::Settle();
+    for (const auto &[text, count] : boxes)
+        if (count > 1)
+            Say("boxes", "shown " + std::to_string(count) + " times: " + text.substr(0, text.find('\r')));
+    std::cout.flush();
+}
+
+void Player::StopAt(const Deed &theDeed, int theCode, const Text &theWhy)
+{
+    std::cout.flush();
+    std::cerr << "line " << theDeed.Line << ": " << theDeed.Verb << ' ' << theDeed.All() << ": " << theWhy << '\n';
+    Finish();
+    // From wherever the program stands: a user who gives up doesn't wait for it either.
+    std::_Exit(theCode);
+}
+
+void Player::Show(Form &theForm)
+{
+    timersChanged = true;
+    Say("screen", Text(theForm.Name) + " \"" + theForm.Now.Caption + "\"");
+}
+
+void Player::Unload(Form &theForm)
+{
+    timersChanged = true;
+    if (theForm.Visible || theForm.Loaded)
+        return;
+    Say("closed", theForm.Name);
+}
+
+void Player::Changed(Element &theElement)
+{
+    if (auto *timer = dynamic_cast<Timer *>(&theElement)) {
+        due.erase(timer);
+        timersChanged = true;
+    }
+}
+
+void Player::FindTimers()
+{
+    timersChanged = false;
+    nextDue = never;
+    for (const Form *form : Form::All())
+        for (Element *element : form->Elements()) {
+            auto *timer = dynamic_cast<Timer *>(element);
+            if (!timer)
+                continue;
+            if (!form->Loaded || !timer->Now.Enabled || timer->Now.Interval <= 0) {
+                due.erase(timer);
+                continue;
+            }
+            const long when = due.try_emplace(timer, now + timer->Now.Interval).first->second;
+            if (!timer->Running)
+                nextDue = std::min(nextDue, when);
+        }
+}
+
+void Player::TickDueTimers()
+{
+    if (timersChanged)
+        FindTimers();
+    if (now < nextDue)
+        return;
+    std::vector<Timer *> ticking;
+    for (const auto &[timer, when] : due)
+        if (when <= now && !timer->Running)
+            ticking.push_back(timer);
+    for (Timer *timer : ticking) {
+        if (due.contains(timer))
+            due[timer] = now + timer->Now.Interval;
+        timersChanged = true;
+        TimerTick(*timer);
+        timersChanged = true;
+    }
+    FindTimers();
+}
+
+bool Player::AdvanceToNextTimer()
+{
+    FindTimers();
+    if (nextDue == never)
+        return false;
+    now = std::max(now, nextDue);
+    TickDueTimers();
+    return true;
+}
+
+void Player::DoEvents()
+{
+    ++yields;
+    ++now;
+    if (timersChanged || now >= nextDue)
+        TickDueTimers();
+    PlayLines();
+}
+
+void Player::WaitEvents()
+{
+    DoEvents();
+    if (!hasEnded && (next == script.size() || (script[next].Verb == "wait" && nextDue == never)))
+        if (const Form *process = FindForm("frmProcess"); process && process->Visible) {
+            std::cerr << "the script ends while the program waits\n";
+            Finish();
+            std::_Exit(endScript);
+        }
+}
+
+void Player::PlayLines()
+{
+    while (!hasEnded && next < script.size() && !IsHeldBack(script[next])) {
+        // Past the line before it is done: its handler may yield, and the lines behind it are played there.
+        const Deed deed = script[next++];
+        Do(deed);
+    }
+}
+
+bool Player::IsHeldBack(const Deed &theDeed)
+{
+    if (theDeed.Verb == "wait")
+        return !IsShowing(theDeed.Target);
+    return theDeed.Verb == "at" && static_cast<double>(yields) < NumberAtStart(theDeed.Target);
+}
+
+void Player::NeedPossible(const Deed &theDeed, bool wasPossible)
+{
+    if (!wasPossible)
+        StopAt(theDeed, endScript, "no user could do that now");
+}
+
+void Player::Do(const Deed &theDeed)
+{
+    const Text &verb = theDeed.Verb;
+    if (verb == "wait" || verb == "at")
+        return;
+    if (verb == "given") {
+        if (!SetAppVar(theDeed.Target, theDeed.Rest))
+            StopAt(theDeed, endScript, "there is no such variable");
+    } else if (verb == "answer")
+        answers.push_back(theDeed.Target);
+    else if (verb == "file")
+        files.push_back(theDeed.All());
+    else if (verb == "trace")
+        WhenTrapped = theDeed.Target == "on" ? TraceFailure : nullptr;
+    else if (verb == "follow")
+        Follow(theDeed);
+    else if (Element *element = FindElement(theDeed.Target))
+        DoTo(theDeed, *element);
+    else
+        StopAt(theDeed, endScript, "there is no " + theDeed.Target);
+}
+
+void Player::DoTo(const Deed &theDeed, Element &theElement)
+{
+    const Text &verb = theDeed.Verb;
+    auto *form = dynamic_cast<Form *>(&theElement);
+    auto *control = dynamic_cast<Control *>(&theElement);
+    auto *box = dynamic_cast<TextBox *>(&theElement);
+    auto *list = dynamic_cast<ListBox *>(&theElement);
+    auto *dirs = dynamic_cast<DirList *>(&theElement);
+    auto *drives = dynamic_cast<DriveList *>(&theElement);
+    auto *bar = dynamic_cast<ToolBar *>(&theElement);
+    const int row = static_cast<int>(NumberAtStart(theDeed.Rest));
+
+    if (verb == "open" && form)
+        StartProgram(*form);
+    else if (verb == "close" && form)
+        NeedPossible(theDeed, UserClose(*form));
+    else if (verb == "show" && form)
+        ShowAll(theDeed);
+    else if (verb == "click" && bar)
+        NeedPossible(theDeed, UserTool(*bar, theDeed.Rest));
+    else if (verb == "click" && control)
+        NeedPossible(theDeed, UserClick(*control));
+    else if (verb == "refuse" && control) {
+        if (control->Owner.Visible && control->Now.Visible && control->Now.Enabled)
+            StopAt(theDeed, endExpectation, "a user could click it");
+    } else if (verb == "refuse" && form) {
+        if (form->Visible && !form->CloseRefused)
+            StopAt(theDeed, endExpectation, "a user could close it");
+    } else if (verb == "type" && box) {
+        for (const char key : theDeed.Rest)
+            NeedPossible(theDeed, UserKey(*box, key));
+    } else if (verb == "key" && box && theDeed.Rest == "Enter")
+        NeedPossible(theDeed, UserKey(*box, '\r'));
+    else if (verb == "key" && box && theDeed.Rest == "Clear")
+        NeedPossible(theDeed, UserEdit(*box, ""));
+    else if (verb == "select" && list)
+        NeedPossible(theDeed, UserSelect(*list, row));
+    else if (verb == "select" && dirs)
+        NeedPossible(theDeed, UserHighlight(*dirs, row));
+    else if (verb == "doubleclick" && list)
+        NeedPossible(theDeed, UserDoubleClick(*list));
+    else if (verb == "go" && dirs)
+        NeedPossible(theDeed, UserGo(*dirs, theDeed.Rest));
+    else if (verb == "go" && drives)
+        NeedPossible(theDeed, UserPick(*drives, theDeed.Rest));
+    else if (verb == "expect") {
+        if (const Text value = ValueOf(theElement); value != theDeed.Rest)
+            StopAt(theDeed, endExpectation, "it is \"" + value + "\"");
+    } else if (verb == "print")
+        Say("print", theDeed.Target + " = " + ValueOf(theElement));
+    else
+        StopAt(theDeed, endScript, "no such deed for a " + Text(theElement.Kind()));
+}
+
+void Player::ShowAll(const Deed &theDeed)
+{
+    const Form &form = *FindForm(theDeed.Target);
+    Say("shows", Text(form.Name) + (form.Visible ? "" : " (not showing)") + " \"" + form.Now.Caption + "\"");
+    for (const Element *element : form.Elements()) {
+        const auto *control = dynamic_cast<const Control *>(element);
+        if (control && control->Now.Visible)
+            Say("", Text(control->Name) + ", " + control->Kind() +
+                        (control->Now.Says.empty() ? "" : " \"" + control->Now.Says + "\"") +
+                        (control->Now.Enabled ? ": " : " (disabled): ") + ValueOf(*control));
+    }
+}
+
+int Player::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
+{
+    const bool isQuestion = (theFlags & msgYesNo) != 0;
+    if (!isQuestion) {
+        if (++boxes[thePrompt] == 1)
+            Say("box", "[" + theTitle + "] " + thePrompt);
+        return answerOK;
+    }
+    bool isYes = false;
+    if (!answers.empty()) {
+        isYes = EqualsIgnoringCase(answers.front(), "Yes");
+        answers.pop_front();
+    }
+    Say("asked", "[" + theTitle + "] " + thePrompt + " -> " + (isYes ? "Yes" : "No"));
+    return isYes ? answerYes : answerNo;
+}
+
+Text Player::OpenFile(const Text &)
+{
+    Text Result;
+    if (!files.empty()) {
+        Result = files.front();
+        files.pop_front();
+    }
+    Say("file", Result.empty() ? "(cancelled)" : Result);
+    return Result;
+}
+
+void Player::Beep()
+{
+    Say("beep", "");
+}
+
+void Player::Navigate(Browser &theBrowser, const Text &theAddress)
+{
+    History &history = histories[&theBrowser];
+    history.Pages.resize(history.Pages.empty() ? 0 : history.At + 1);
+    history.Pages.push_back(theAddress);
+    history.At = history.Pages.size() - 1;
+    OpenPage(theBrowser, theAddress);
+}
+
+void Player::OpenPage(Browser &theBrowser, const Text &theAddress)
+{
+    BrowserGoes(theBrowser, theAddress);
+    if (Holds(theAddress, "://")) {
+        Say("browser", theAddress + " (a web address, not opened)");
+        return;
+    }
+    if (!HostFiles::IsFile(theAddress)) {
+        Say("browser", theAddress + " (there is no such page)");
+        return;
+    }
+    const Text title = TitleOfPage(HostFiles::Read(theAddress));
+    Say("browser", theAddress + " \"" + title + "\"");
+    BrowserTitled(theBrowser, title);
+}
+
+void Player::Follow(const Deed &theDeed)
+{
+    for (auto &[browser, history] : histories) {
+        if (!browser->Owner.Visible)
+            continue;
+        const Text page = history.Pages[history.At];
+        const Text address = HostFiles::IsFile(page) ? AddressOfLink(HostFiles::Read(page), theDeed.All()) : "";
+        if (address.empty())
+            StopAt(theDeed, endScript, "there is no such link on " + page);
+        Navigate(*browser, AddressFrom(page, address));
+        return;
+    }
+    StopAt(theDeed, endScript, "no browser is showing");
+}
+
+bool Player::GoBack(Browser &theBrowser)
+{
+    History &history = histories[&theBrowser];
+    if (history.At == 0)
+        return false;
+    OpenPage(theBrowser, history.Pages[--history.At]);
+    return true;
+}
+
+bool Player::GoForward(Browser &theBrowser)
+{
+    History &history = histories[&theBrowser];
+    if (history.At + 1 >= history.Pages.size())
+        return false;
+    OpenPage(theBrowser, history.Pages[++history.At]);
+    return true;
+}
+
+void Player::Refresh(Browser &theBrowser)
+{
+    if (const History &history = histories[&theBrowser]; !history.Pages.empty())
+        OpenPage(theBrowser, history.Pages[history.At]);
+}
+
+void Player::Standstill(const Text &theWhere, const Text &theWhy)
+{
+    Say("standstill", theWhere + ": " + theWhy);
+}
+
+void Player::Failure(const RuntimeFailure &theFailure)
+{
+    Say("failure", theFailure.What + " (" + theFailure.Where + ")");
+}
+
+void Player::Ended(int theCode)
+{
+    Say("ended", "");
+    hasEnded = true;
+    code = theCode;
+}

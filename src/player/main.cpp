@@ -1,0 +1,51 @@
+// ferncastle-play: plays a script of a user's deeds, without a display.
+#include "core/TextOps.h"
+#include "core/frmSplash.h"
+#include "player/Player.h"
+#include "toolkit/HostFiles.h"
+#include "toolkit/Services.h"
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+static const char *const usage =
+    "usage: ferncastle-play [--program-dir DIR] [--drive x=DIR]... [--seed N] [SCRIPT]\n"
+    "Plays SCRIPT, or standard input: a user's deeds, one a line. DEVELOPING.md tells the verbs.\n"
+    "Exit status: 0 played, 1 an expectation failed, 2 the script is wrong, 3 a failure, 4 a standstill.\n";
+
+static Text FullPath(const Text &thePath)
+{
+    Text Result = std::filesystem::absolute(thePath).lexically_normal().string();
+    while (Result.size() > 1 && Result.back() == '/')
+        Result.pop_back();
+    return Result;
+}
+
+int main(int argc, char **argv)
+{
+    Text scriptFile;
+    for (int i = 1; i < argc; ++i) {
+        const Text word = argv[i];
+        const Text value = i + 1 < argc ? argv[i + 1] : "";
+        if (word == "--program-dir" && !value.empty())
+            HostFiles::SetProgramDir(FullPath(value)), ++i;
+        else if (word == "--drive" && value.size() > 2 && value[1] == '=')
+            HostFiles::MapDrive(value[0], FullPath(value.substr(2))), ++i;
+        else if (word == "--seed" && !value.empty())
+            SetClock(static_cast<std::uint64_t>(NumberAtStart(value))), ++i;
+        else if (scriptFile.empty() && !word.starts_with("-"))
+            scriptFile = word;
+        else {
+            std::cerr << usage;
+            return word == "--help" ? 0 : endScript;
+        }
+    }
+    std::ifstream file(scriptFile);
+    if (!scriptFile.empty() && !file) {
+        std::cerr << "cannot read " << scriptFile << '\n';
+        return endScript;
+    }
+    Player player(ReadScript(scriptFile.empty() ? std::cin : file));
+    return player.Play(frmSplash::Me);
+}
