@@ -12,7 +12,7 @@ void RefreshMasterKeywordList()
         const Text file = InProgramDir(name + ".key");
         if (!ifFileExists(file)) {
             ShowMessageLines({Text("There is no saved keyword list.  Report error at ") + SupportSite, "", file, "",
-                              "RefreshMasterKeywordList.SaveLoad"});
+                "RefreshMasterKeywordList.SaveLoad"});
             return;
         }
         LoadListFromFile("key", name, frmLists::lstKeywords);

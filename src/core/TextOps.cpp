@@ -50,7 +50,7 @@ std::int64_t FindText(std::int64_t theStart, const Text &theText, const Text &th
     }
     const auto from = theText.begin() + (theStart - 1);
     const auto found = std::search(from, theText.end(), theWhat.begin(), theWhat.end(),
-                                   [](char x, char y) { return LowerChar(x) == LowerChar(y); });
+        [](char x, char y) { return LowerChar(x) == LowerChar(y); });
     return found == theText.end() && !theWhat.empty() ? 0 : found - theText.begin() + 1;
 }
 

@@ -11,7 +11,7 @@ namespace frmSplash
 void Form_Load(), Timer1_Timer();
 
 Form Me{"frmSplash", {.Width = 302, .Height = 447, .Load = Form_Load}};
-Label Label1{Me, "Label1", {.Left = 20, .Top = 408, .Width = 262, .Height = 20, .Style = Look::Splash}};
+Label Label1{Me, "Label1", {.At = {20, 408, 262, 20}, .Style = Look::Splash}};
 Timer Timer1{Me, "Timer1", {.Interval = 3000, .Enabled = false, .Tick = Timer1_Timer}};
 
 void Form_Load()

@@ -68,18 +68,14 @@ Text Relink(const Text &thePage, const Replacements &theReplacements)
 Text RelinkExpandedPage(const Text &thePage, const Text &depthPrefix)
 {
     // The page is lower-case and DomainName is not lowered: one with a capital letter is never found. Wanted.
-    return Relink(thePage, {{"src=", DomainName + "\\", depthPrefix},
-                            {"src=", DomainName + "/", depthPrefix},
-                            {"href=", DomainName + "/", depthPrefix},
-                            {"", "/imgs", depthPrefix + "imgs"},
-                            {"", ">>", ">"}});
+    return Relink(
+        thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
+                     {"href=", DomainName + "/", depthPrefix}, {"", "/imgs", depthPrefix + "imgs"}, {"", ">>", ">"}});
 }
 
 Text RelinkRoutedPage(const Text &thePage, const Text &depthPrefix)
 {
-    return Relink(thePage, {{"src=", DomainName + "\\", depthPrefix},
-                            {"src=", DomainName + "/", depthPrefix},
-                            {"href=", DomainName + "/", depthPrefix},
-                            {"href=", "/", depthPrefix},
-                            {"", "/imgs", depthPrefix + "imgs"}});
+    return Relink(thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
+                               {"href=", DomainName + "/", depthPrefix}, {"href=", "/", depthPrefix},
+                               {"", "/imgs", depthPrefix + "imgs"}});
 }

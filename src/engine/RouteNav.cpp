@@ -36,7 +36,7 @@ void RouteTheFile(const Text &theFile)
         DoEvents();
         if (!ifFileExists(theFile)) {
             LogMessageLines({"Something is screwy.  A file that was found during a directory sweep is not found now:  ",
-                             "RouteTheFile().frmProcess"});
+                "RouteTheFile().frmProcess"});
             return;
         }
         frmTheFile::rtb2.Text = "";

@@ -64,8 +64,8 @@ Text GetLinkAtPos(std::int64_t thePos)
             ++off;
         Result = ReadValue(page, thePos, off, [](std::int64_t, bool isPastEnd) {
             if (isPastEnd)
-                Standstill("GetLinkAtPos", "A link without quotes runs to the end of the page " +
-                                               frmProcess::lblCurrentFile.Caption + ".");
+                Standstill("GetLinkAtPos",
+                    "A link without quotes runs to the end of the page " + frmProcess::lblCurrentFile.Caption + ".");
         });
     });
     return Result;
@@ -156,7 +156,7 @@ void ShowBothSlashes(const Text &theLink)
 {
     // The words name GetFileFromLink, whoever calls. Wanted.
     ShowMessageLines({"Houston, we have a problem.", "The passed link contains both forward and back slashes", "",
-                      "The passed link:  " + theLink, "Called from GetFileFromLink().temp"});
+        "The passed link:  " + theLink, "Called from GetFileFromLink().temp"});
 }
 
 static Text ParentOf(const Text &thePath)

@@ -64,7 +64,7 @@ void AssembleUpTo(PageInHand &thePage, const Text &theNewTag)
     // Two good links that share one "<" make the count negative: the run fails, since nothing traps it here. Wanted.
     const Text before = thePage.IsFirstLink ? LeftPart(source, thePage.TagStart - 1)
                                             : MidPart(source, thePage.LastRewrittenEnd + 1,
-                                                      thePage.TagStart - 1 - thePage.LastRewrittenEnd);
+                                                  thePage.TagStart - 1 - thePage.LastRewrittenEnd);
     thePage.IsFirstLink = false;
     OldPageChunk = before + thePage.Tag;
     NewPageChunk = before + theNewTag;

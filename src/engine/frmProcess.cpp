@@ -25,134 +25,62 @@ void hlpLinksExternal_Click(), hlpLinksBroken_Click(), Image1_Click(), Image2_Cl
 
 Form Me{"frmProcess", {.Load = Form_Load}};
 MenuBar Menu{Me, FullMenu<Menu>()};
-Label lblTitle{
-    Me,
-    "lblTitle",
-    {.Left = 24, .Top = 12, .Width = 380, .Height = 24, .Caption = "Expanding Your Site", .Style = Look::Title}};
+Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Expanding Your Site", .Style = Look::Title}};
 
-Label Label2{
-    Me, "Label2", {.Left = 24, .Top = 58, .Width = 130, .Height = 18, .Caption = "Project Name:", .Style = Look::Dim}};
-Label lblProjName{Me, "lblProjName", {.Left = 158, .Top = 58, .Width = 418, .Height = 18, .Style = Look::Value}};
-Label Label3{
-    Me, "Label3", {.Left = 24, .Top = 78, .Width = 130, .Height = 18, .Caption = "Original site:", .Style = Look::Dim}};
-Label lblOrigSiteDir{Me, "lblOrigSiteDir", {.Left = 158, .Top = 78, .Width = 418, .Height = 18, .Style = Look::Value}};
-Label Label4{
-    Me, "Label4", {.Left = 24, .Top = 98, .Width = 130, .Height = 18, .Caption = "New site:", .Style = Look::Dim}};
-Label lblNewSiteDir{Me, "lblNewSiteDir", {.Left = 158, .Top = 98, .Width = 418, .Height = 18, .Style = Look::Value}};
-Label Label5{
-    Me, "Label5", {.Left = 24, .Top = 118, .Width = 130, .Height = 18, .Caption = "Domain name:", .Style = Look::Dim}};
-Label lblDomainName{Me, "lblDomainName", {.Left = 158, .Top = 118, .Width = 418, .Height = 18, .Style = Look::Value}};
-Label Label6{Me,
-             "Label6",
-             {.Left = 24, .Top = 138, .Width = 130, .Height = 18, .Caption = "Total Keywords:", .Style = Look::Dim}};
-Label lblTotalKeywords{
-    Me, "lblTotalKeywords", {.Left = 158, .Top = 138, .Width = 418, .Height = 18, .Style = Look::Value}};
-Label Label7{
-    Me, "Label7", {.Left = 24, .Top = 164, .Width = 130, .Height = 18, .Caption = "Current file:", .Style = Look::Dim}};
+Label Label2{Me, "Label2", {.At = {24, 58, 130, 18}, .Caption = "Project Name:", .Style = Look::Dim}};
+Label lblProjName{Me, "lblProjName", {.At = {158, 58, 418, 18}, .Style = Look::Value}};
+Label Label3{Me, "Label3", {.At = {24, 78, 130, 18}, .Caption = "Original site:", .Style = Look::Dim}};
+Label lblOrigSiteDir{Me, "lblOrigSiteDir", {.At = {158, 78, 418, 18}, .Style = Look::Value}};
+Label Label4{Me, "Label4", {.At = {24, 98, 130, 18}, .Caption = "New site:", .Style = Look::Dim}};
+Label lblNewSiteDir{Me, "lblNewSiteDir", {.At = {158, 98, 418, 18}, .Style = Look::Value}};
+Label Label5{Me, "Label5", {.At = {24, 118, 130, 18}, .Caption = "Domain name:", .Style = Look::Dim}};
+Label lblDomainName{Me, "lblDomainName", {.At = {158, 118, 418, 18}, .Style = Look::Value}};
+Label Label6{Me, "Label6", {.At = {24, 138, 130, 18}, .Caption = "Total Keywords:", .Style = Look::Dim}};
+Label lblTotalKeywords{Me, "lblTotalKeywords", {.At = {158, 138, 418, 18}, .Style = Look::Value}};
+Label Label7{Me, "Label7", {.At = {24, 164, 130, 18}, .Caption = "Current file:", .Style = Look::Dim}};
 Label lblCurrentFile{
-    Me,
-    "lblCurrentFile",
-    {.Left = 158, .Top = 164, .Width = 418, .Height = 18, .Caption = "CurrentFile.htm", .Style = Look::Value}};
+    Me, "lblCurrentFile", {.At = {158, 164, 418, 18}, .Caption = "CurrentFile.htm", .Style = Look::Value}};
 
-Label Label8{Me, "Label8", {.Left = 24, .Top = 204, .Width = 130, .Height = 18, .Caption = "Files Processed"}};
-Label lblFilesCnt{
-    Me, "lblFilesCnt", {.Left = 158, .Top = 198, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
-Image hlpFilesProcessed{Me,
-                        "hlpFilesProcessed",
-                        {.Left = 258,
-                         .Top = 202,
-                         .Width = 22,
-                         .Height = 22,
-                         .Says = "Help: Files Processed",
-                         .Click = hlpFilesProcessed_Click}};
-Label Label9{Me, "Label9", {.Left = 24, .Top = 244, .Width = 130, .Height = 18, .Caption = "Pages Added"}};
-Label lblPagesAdded{
-    Me, "lblPagesAdded", {.Left = 158, .Top = 238, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+Label Label8{Me, "Label8", {.At = {24, 204, 130, 18}, .Caption = "Files Processed"}};
+Label lblFilesCnt{Me, "lblFilesCnt", {.At = {158, 198, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Image hlpFilesProcessed{Me, "hlpFilesProcessed",
+    {.At = {258, 202, 22, 22}, .Says = "Help: Files Processed", .Click = hlpFilesProcessed_Click}};
+Label Label9{Me, "Label9", {.At = {24, 244, 130, 18}, .Caption = "Pages Added"}};
+Label lblPagesAdded{Me, "lblPagesAdded", {.At = {158, 238, 92, 30}, .Caption = "0", .Style = Look::Counter}};
 Image hlpPagesAdded{
-    Me,
-    "hlpPagesAdded",
-    {.Left = 258, .Top = 242, .Width = 22, .Height = 22, .Says = "Help: Pages Added", .Click = hlpPagesAdded_Click}};
-Label Label10{Me, "Label10", {.Left = 24, .Top = 284, .Width = 130, .Height = 18, .Caption = "Keywords Added"}};
-Label lblKeywordsAdded{Me,
-                       "lblKeywordsAdded",
-                       {.Left = 158, .Top = 278, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
-Image hlpKeywordsAdded{Me,
-                       "hlpKeywordsAdded",
-                       {.Left = 258,
-                        .Top = 282,
-                        .Width = 22,
-                        .Height = 22,
-                        .Says = "Help: Keywords Added",
-                        .Click = hlpKeywordsAdded_Click}};
-Label Label11{Me, "Label11", {.Left = 24, .Top = 324, .Width = 130, .Height = 18, .Caption = "Internal Links"}};
-Label lblLinksInternalCnt{Me,
-                          "lblLinksInternalCnt",
-                          {.Left = 158, .Top = 318, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
-Image hlpLinksInternal{Me,
-                       "hlpLinksInternal",
-                       {.Left = 258,
-                        .Top = 322,
-                        .Width = 22,
-                        .Height = 22,
-                        .Says = "Help: Internal Links",
-                        .Click = hlpLinksInternal_Click}};
-Label Label12{Me, "Label12", {.Left = 320, .Top = 204, .Width = 130, .Height = 18, .Caption = "External Links"}};
-Label lblLinksExternalCnt{Me,
-                          "lblLinksExternalCnt",
-                          {.Left = 454, .Top = 198, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
-Image hlpLinksExternal{Me,
-                       "hlpLinksExternal",
-                       {.Left = 554,
-                        .Top = 202,
-                        .Width = 22,
-                        .Height = 22,
-                        .Says = "Help: External Links",
-                        .Click = hlpLinksExternal_Click}};
-Label Label13{Me, "Label13", {.Left = 320, .Top = 244, .Width = 130, .Height = 18, .Caption = "Broken Links"}};
-Label lblLinksBrokenCnt{Me,
-                        "lblLinksBrokenCnt",
-                        {.Left = 454, .Top = 238, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
+    Me, "hlpPagesAdded", {.At = {258, 242, 22, 22}, .Says = "Help: Pages Added", .Click = hlpPagesAdded_Click}};
+Label Label10{Me, "Label10", {.At = {24, 284, 130, 18}, .Caption = "Keywords Added"}};
+Label lblKeywordsAdded{Me, "lblKeywordsAdded", {.At = {158, 278, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Image hlpKeywordsAdded{Me, "hlpKeywordsAdded",
+    {.At = {258, 282, 22, 22}, .Says = "Help: Keywords Added", .Click = hlpKeywordsAdded_Click}};
+Label Label11{Me, "Label11", {.At = {24, 324, 130, 18}, .Caption = "Internal Links"}};
+Label lblLinksInternalCnt{
+    Me, "lblLinksInternalCnt", {.At = {158, 318, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Image hlpLinksInternal{Me, "hlpLinksInternal",
+    {.At = {258, 322, 22, 22}, .Says = "Help: Internal Links", .Click = hlpLinksInternal_Click}};
+Label Label12{Me, "Label12", {.At = {320, 204, 130, 18}, .Caption = "External Links"}};
+Label lblLinksExternalCnt{
+    Me, "lblLinksExternalCnt", {.At = {454, 198, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Image hlpLinksExternal{Me, "hlpLinksExternal",
+    {.At = {554, 202, 22, 22}, .Says = "Help: External Links", .Click = hlpLinksExternal_Click}};
+Label Label13{Me, "Label13", {.At = {320, 244, 130, 18}, .Caption = "Broken Links"}};
+Label lblLinksBrokenCnt{Me, "lblLinksBrokenCnt", {.At = {454, 238, 92, 30}, .Caption = "0", .Style = Look::Counter}};
 Image hlpLinksBroken{
-    Me,
-    "hlpLinksBroken",
-    {.Left = 554, .Top = 242, .Width = 22, .Height = 22, .Says = "Help: Broken Links", .Click = hlpLinksBroken_Click}};
-Label Label14{Me, "Label14", {.Left = 320, .Top = 284, .Width = 130, .Height = 18, .Caption = "Media Files"}};
-Label lblMediaFilesFound{Me,
-                         "lblMediaFilesFound",
-                         {.Left = 454, .Top = 278, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
-Image Image1{Me,
-             "Image1",
-             {.Left = 554, .Top = 282, .Width = 22, .Height = 22, .Says = "Help: Media Files", .Click = Image1_Click}};
-Label Label15{Me, "Label15", {.Left = 320, .Top = 324, .Width = 130, .Height = 18, .Caption = "Media Links"}};
-Label lblLinksMedia{
-    Me, "lblLinksMedia", {.Left = 454, .Top = 318, .Width = 92, .Height = 30, .Caption = "0", .Style = Look::Counter}};
-Image Image2{Me,
-             "Image2",
-             {.Left = 554, .Top = 322, .Width = 22, .Height = 22, .Says = "Help: Media Links", .Click = Image2_Click}};
+    Me, "hlpLinksBroken", {.At = {554, 242, 22, 22}, .Says = "Help: Broken Links", .Click = hlpLinksBroken_Click}};
+Label Label14{Me, "Label14", {.At = {320, 284, 130, 18}, .Caption = "Media Files"}};
+Label lblMediaFilesFound{Me, "lblMediaFilesFound", {.At = {454, 278, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Image Image1{Me, "Image1", {.At = {554, 282, 22, 22}, .Says = "Help: Media Files", .Click = Image1_Click}};
+Label Label15{Me, "Label15", {.At = {320, 324, 130, 18}, .Caption = "Media Links"}};
+Label lblLinksMedia{Me, "lblLinksMedia", {.At = {454, 318, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Image Image2{Me, "Image2", {.At = {554, 322, 22, 22}, .Says = "Help: Media Links", .Click = Image2_Click}};
 
 // Two pairs of buttons, each on one spot.
-Image btnPause{
-    Me, "btnPause", {.Left = 362, .Top = 372, .Width = 104, .Height = 34, .Says = "Pause", .Click = btnPause_Click}};
-Image btnResume{Me,
-                "btnResume",
-                {.Left = 362,
-                 .Top = 372,
-                 .Width = 104,
-                 .Height = 34,
-                 .Says = "Resume",
-                 .Visible = false,
-                 .Click = btnResume_Click}};
-Image btnCancel{
-    Me, "btnCancel", {.Left = 472, .Top = 372, .Width = 104, .Height = 34, .Says = "Cancel", .Click = btnCancel_Click}};
-Image btnReport{Me,
-                "btnReport",
-                {.Left = 472,
-                 .Top = 372,
-                 .Width = 104,
-                 .Height = 34,
-                 .Says = "Report",
-                 .Visible = false,
-                 .Click = btnReport_Click}};
+Image btnPause{Me, "btnPause", {.At = {362, 372, 104, 34}, .Says = "Pause", .Click = btnPause_Click}};
+Image btnResume{
+    Me, "btnResume", {.At = {362, 372, 104, 34}, .Says = "Resume", .Visible = false, .Click = btnResume_Click}};
+Image btnCancel{Me, "btnCancel", {.At = {472, 372, 104, 34}, .Says = "Cancel", .Click = btnCancel_Click}};
+Image btnReport{
+    Me, "btnReport", {.At = {472, 372, 104, 34}, .Says = "Report", .Visible = false, .Click = btnReport_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 
 DirList Dir1{Me, "Dir1", {.Change = Dir1_Change}};
@@ -178,7 +106,7 @@ void Form_Load()
     LoadButton(btnResume, "btnResume.jpg");
     LoadButton(btnReport, "btnReport.jpg");
     for (Image *help : {&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded, &hlpLinksInternal, &hlpLinksExternal,
-                        &hlpLinksBroken, &Image1, &Image2})
+             &hlpLinksBroken, &Image1, &Image2})
         LoadButton(*help, "btnHelp.jpg");
     Dir1.Visible = false;
     File1.Visible = false;
@@ -193,14 +121,23 @@ void Form_Load()
     Timer1.Enabled = true;
 }
 
+// A run from the new site's directory into itself would write over its own source.
+static void RefuseOwnProject()
+{
+    const Text site = HostFiles::ToHost(LocalSiteDir) + "/";
+    if (BeginsWith(site, HostFiles::ToHost(InProgramDir(ProjectNumber)) + "/"))
+        Fail("the site to be expanded lies in the directory of its own new site", LocalSiteDir);
+}
+
 // Has no trap, like the walk that it runs.
 void Timer1_Timer()
 {
     Me.CloseRefused = true;
+    RefuseOwnProject();
     Dir1.Path = LocalSiteDir;
     File1.Path = LocalSiteDir;
     for (const char *name :
-         {"ExternalLinksFiles.sav", "ExternalLinksLinks.sav", "BrokenLinksFiles.sav", "BrokenLinksLinks.sav"})
+        {"ExternalLinksFiles.sav", "ExternalLinksLinks.sav", "BrokenLinksFiles.sav", "BrokenLinksLinks.sav"})
         if (const Text file = InStoreDir(name); ifFileExists(file))
             HostFiles::Delete(file);
     SiteWalk();
@@ -266,17 +203,8 @@ static void CopyUnchanged(const Text &theFile)
     CopyFile(source, InProgramDir(ProjectNumber + "\\" + RightPart(source, Len(source) - Len(LocalSiteDir))));
 }
 
-// A walk in the project's own directory would meet what it has just written, and write over its own source.
-static void RefuseOwnProject()
-{
-    if (HostFiles::LiesIn(Dir1.Path, InProgramDir(ProjectNumber)))
-        Standstill("SiteWalk", "The site's directory and the directory of the new site, " + Dir1.Path.Get() +
-                                   ", lie in one another. Choose the directory that holds your site's files alone.");
-}
-
 void SiteWalk()
 {
-    RefuseOwnProject();
     const std::int16_t fileCount = Count16(File1.ListCount());
     for (int i = 0; i < fileCount; ++i) {
         if (CancelRequested)
@@ -368,6 +296,9 @@ void btnReport_Click()
 {
     Trap([] {
         GenerateReport();
+        // frmHelp may have brought it into being, hidden, before there was a report: it is to open on this one.
+        if (!frmReport::Me.Visible)
+            frmReport::Me.Unload();
         frmReport::Me.Show();
         frmGeneratingReport::Me.Unload();
         Me.Unload();
@@ -382,8 +313,8 @@ void btnCloseHelp_Click()
 void hlpFilesProcessed_Click()
 {
     Trap([] {
-        ShowHelpBox(Me, "Files Processed",
-                    "This is a count of how many of your sites pages have been processed so far.");
+        ShowHelpBox(
+            Me, "Files Processed", "This is a count of how many of your sites pages have been processed so far.");
     });
 }
 
@@ -391,8 +322,8 @@ void hlpPagesAdded_Click()
 {
     Trap([] {
         ShowHelpBox(Me, "Pages Added",
-                    "This is a count of how many pages have been created, referenced, and added to your site's "
-                    "structure.");
+            "This is a count of how many pages have been created, referenced, and added to your site's "
+            "structure.");
     });
 }
 
@@ -400,9 +331,9 @@ void hlpKeywordsAdded_Click()
 {
     Trap([] {
         ShowHelpBox(Me, "Keywords Added",
-                    "This is the total number of your chosen keywords that have been interspersed throughout your "
-                    "site.\r\n\r\nThis greatly increases your keyword density, and therefore all of your site's pages "
-                    "will have a higher page rank priority.");
+            "This is the total number of your chosen keywords that have been interspersed throughout your "
+            "site.\r\n\r\nThis greatly increases your keyword density, and therefore all of your site's pages "
+            "will have a higher page rank priority.");
     });
 }
 
@@ -410,9 +341,9 @@ void hlpLinksInternal_Click()
 {
     Trap([] {
         ShowHelpBox(Me, "Internal Links",
-                    "Here is the number of internal links that have been found on your site.  Each one creates a new "
-                    "page for your site that is visually identical to the file that the link references.  The main "
-                    "difference is that the new filename and file contents contain many more of your chosen keywords.");
+            "Here is the number of internal links that have been found on your site.  Each one creates a new "
+            "page for your site that is visually identical to the file that the link references.  The main "
+            "difference is that the new filename and file contents contain many more of your chosen keywords.");
     });
 }
 
@@ -420,8 +351,8 @@ void hlpLinksExternal_Click()
 {
     Trap([] {
         ShowHelpBox(Me, "External Links",
-                    "This is the number of links found on your site that link a visitor to a destination that is not "
-                    "on your site.");
+            "This is the number of links found on your site that link a visitor to a destination that is not "
+            "on your site.");
     });
 }
 
@@ -429,8 +360,8 @@ void hlpLinksBroken_Click()
 {
     Trap([] {
         ShowHelpBox(Me, "Broken Links",
-                    "Ferncastle has found this many broken links on your site.  You can see details regarding these "
-                    "links in the report that is generated upon completion of the expansion process.");
+            "Ferncastle has found this many broken links on your site.  You can see details regarding these "
+            "links in the report that is generated upon completion of the expansion process.");
     });
 }
 
@@ -438,8 +369,8 @@ void Image1_Click()
 {
     Trap([] {
         ShowHelpBox(Me, "Media Files",
-                    "This is a count of how many media files are on your site.  Examples of media files are any "
-                    "images, movies, audio files, zipped files, etc.");
+            "This is a count of how many media files are on your site.  Examples of media files are any "
+            "images, movies, audio files, zipped files, etc.");
     });
 }
 
@@ -447,8 +378,8 @@ void Image2_Click()
 {
     Trap([] {
         ShowHelpBox(Me, "Media Links",
-                    "Here you'll find a number that represents how many media files on your site to which you have "
-                    "made links for your visitors.");
+            "Here you'll find a number that represents how many media files on your site to which you have "
+            "made links for your visitors.");
     });
 }
 }  // namespace frmProcess

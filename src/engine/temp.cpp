@@ -182,9 +182,9 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
         const Text separator = forward ? "\\" : "/";
         if (forward) {
             if (Holds(link, "\\"))
-                ShowMessageLines({"Houston, we have a problem.",
-                                  "The passed tag contains both forward and back slashes", "",
-                                  "The passed tag:  " + tag, "Called from GetFileFromLink().temp"});
+                ShowMessageLines(
+                    {"Houston, we have a problem.", "The passed tag contains both forward and back slashes", "",
+                        "The passed tag:  " + tag, "Called from GetFileFromLink().temp"});
             link = ReplaceText(link, "/", "\\");
         }
         std::int64_t extra = 0;
@@ -205,7 +205,7 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
         } else
             ShowMessageLines({"The original filename was not found in the link.  This is likely the case of a "
                               "scanned-for index.htm type of file",
-                              "", "InsertFilenameIntoLink().temp"});
+                "", "InsertFilenameIntoLink().temp"});
         // The file's length is taken off also where it doesn't stand in the link: the count goes negative, the result
         // is empty and the tag drops out of the page. Wanted.
         const Text tail = RightPart(link, Len(link) - Len(dirPart) - fileLen + extra);

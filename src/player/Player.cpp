@@ -85,8 +85,6 @@ void Player::Show(Form &theForm)
 void Player::Unload(Form &theForm)
 {
     timersChanged = true;
-    if (theForm.Visible || theForm.Loaded)
-        return;
     Say("closed", theForm.Name);
 }
 

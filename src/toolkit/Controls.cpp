@@ -5,8 +5,9 @@
 static const Text noText;
 
 Control::Control(Form &theOwner, const char *theName, Face theDesign)
-    : Element(theOwner, theName), Design(std::move(theDesign)), Now(Design), Left(this, &Now.Left), Top(this, &Now.Top),
-      Width(this, &Now.Width), Height(this, &Now.Height), Visible(this, &Now.Visible), Enabled(this, &Now.Enabled)
+    : Element(theOwner, theName), Design(std::move(theDesign)), Now(Design), Left(this, &Now.At.Left),
+      Top(this, &Now.At.Top), Width(this, &Now.At.Width), Height(this, &Now.At.Height), Visible(this, &Now.Visible),
+      Enabled(this, &Now.Enabled)
 {
 }
 
@@ -389,7 +390,7 @@ void Browser::Stop()
 }
 
 ToolBar::ToolBar(Form &theOwner, const char *theName, Face theDesign, std::vector<ToolButton> theButtons,
-                 void (*theClick)(const Text &theKey))
+    void (*theClick)(const Text &theKey))
     : Control(theOwner, theName, std::move(theDesign)), Buttons(std::move(theButtons)), ButtonClick(theClick)
 {
 }

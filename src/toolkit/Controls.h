@@ -15,9 +15,14 @@
 // How a control is drawn; the presentation knows the fonts and colours.
 enum class Look { Body, Title, SubTitle, Dim, Value, Counter, HelpHeading, HelpText, Status, Splash };
 
-// What a visible control is at design and now. Left and Top count from the upper left corner of the screen's body.
-struct Face {
+// Where a control stands, in pixels; left and top count from the upper left corner of the screen's body.
+struct Place {
     double Left = 0, Top = 0, Width = 0, Height = 0;
+};
+
+// What a visible control is at design and now.
+struct Face {
+    Place At = {};
     Text Caption = {};  // what it shows: a label's caption, a text box's text, a menu item's words
     Text Says = {};     // what a picture says to who can't see it; also its tip
     Text Picture = {};  // path of its picture
@@ -285,7 +290,7 @@ class ToolBar : public Control
 {
 public:
     ToolBar(Form &theOwner, const char *theName, Face theDesign, std::vector<ToolButton> theButtons,
-            void (*theClick)(const Text &theKey));
+        void (*theClick)(const Text &theKey));
     const std::vector<ToolButton> Buttons;
     void (*const ButtonClick)(const Text &theKey);
     const char *Kind() const override { return "tool bar"; }

@@ -48,8 +48,10 @@ void Form::Unload()
 {
     if (!Loaded)
         return;
+    const bool wasVisible = Visible;
     Loaded = Visible = CloseRefused = false;
-    ThePresentation().Unload(*this);
+    if (wasVisible)
+        ThePresentation().Unload(*this);
     Reset();
     for (Element *element : elements)
         element->Reset();

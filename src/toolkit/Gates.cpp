@@ -309,23 +309,23 @@ bool TimerTick(Timer &theTimer)
 bool BrowserGoes(Browser &theBrowser, const Text &theAddress)
 {
     return theBrowser.Owner.Loaded && Gate([&] {
-               if (theBrowser.Events.BeforeNavigate)
-                   theBrowser.Events.BeforeNavigate(theAddress);
-           });
+        if (theBrowser.Events.BeforeNavigate)
+            theBrowser.Events.BeforeNavigate(theAddress);
+    });
 }
 
 bool BrowserSays(Browser &theBrowser, const Text &theStatus)
 {
     return theBrowser.Owner.Loaded && Gate([&] {
-               if (theBrowser.Events.StatusTextChange)
-                   theBrowser.Events.StatusTextChange(theStatus);
-           });
+        if (theBrowser.Events.StatusTextChange)
+            theBrowser.Events.StatusTextChange(theStatus);
+    });
 }
 
 bool BrowserTitled(Browser &theBrowser, const Text &theTitle)
 {
     return theBrowser.Owner.Loaded && Gate([&] {
-               if (theBrowser.Events.TitleChange)
-                   theBrowser.Events.TitleChange(theTitle);
-           });
+        if (theBrowser.Events.TitleChange)
+            theBrowser.Events.TitleChange(theTitle);
+    });
 }

@@ -1,0 +1,195 @@
+#include "report/GenerateReport.h"
+#include "core/DirHandle.h"
+#include "core/FileHandle.h"
+#include "core/TextOps.h"
+#include "core/Trap.h"
+#include "core/Utils.h"
+#include "core/frmLists.h"
+#include "engine/RouteNav.h"
+#include "engine/URLHandle.h"
+#include "engine/frmProcess.h"
+#include "report/Records.h"
+#include "report/frmGeneratingReport.h"
+#include "toolkit/HostFiles.h"
+
+using frmLists::rtbReport;
+
+// A page under construction lives in rtbReport; its template lies beside the program, its result in the store.
+static Text TemplateOf(const Text &thePage)
+{
+    return InProgramDir(thePage + "_template.html");
+}
+
+static void LogMissingTemplate(const Text &thePage, const Text &theWhere)
+{
+    LogMessageLines({"", "The report template couldn't be found for project #" + ProjectNumber + ".",
+        TemplateOf(thePage), theWhere});
+}
+
+static void LoadTemplate(const Text &thePage)
+{
+    rtbReport.Text = "";
+    LoadFileIntoBox(TemplateOf(thePage), rtbReport);
+}
+
+static void FillIn(const Text &theMarker, const Text &theValue)
+{
+    rtbReport.Text = ReplaceText(rtbReport.Text, theMarker, theValue);
+}
+
+static void ReplaceResult(const Text &thePage)
+{
+    const Text result = InStoreDir(thePage + ".html");
+    if (ifFileExists(result))
+        HostFiles::Delete(result);
+    WriteTheReport(thePage, rtbReport);
+}
+
+static Text DetailsLink(const Text &thePage)
+{
+    return "&nbsp;&nbsp;&nbsp;&nbsp;&nbsp; <a href=\"" + thePage + ".html\">details</A>";
+}
+
+static void SetDone(Image &theTick)
+{
+    theTick.Picture = LoadPicture(InProgramDir("imgs\\chkboxDone.jpg"));
+    ShowNow();
+}
+
+// Compared as texts, not as numbers: any count that sorts behind "0" passes. Wanted.
+static bool IsAboveZero(const Label &theCount)
+{
+    return theCount.Caption.Get() > "0";
+}
+
+static void MakeLinksPage(const Text &LinkType, const Text &thePage, const Text &theMarker)
+{
+    if (!ifFileExists(TemplateOf(thePage))) {
+        LogMissingTemplate(thePage, LinkType + "Links-GenerateReport.frmProcess");
+        return;
+    }
+    LoadTemplate(thePage);
+    const Text rows = TabulateLinks(LinkType);
+    FillIn(theMarker, rows);
+    ReplaceResult(thePage);
+}
+
+static Text MediaRow(int theRow)
+{
+    const Text &extension = frmLists::lstMediaExtensions.List(theRow);
+    if (extension == "---")
+        return Text("  <TR>") + CRLF + "    <TD COLSPAN=3>" + CRLF + "      <HR WIDTH=100%>" + CRLF + "    </TD>" +
+               CRLF + "  </TR>" + CRLF;
+    return TableRow({extension, frmLists::lstMediaFilesCnt.List(theRow), frmLists::lstMediaLinksCnt.List(theRow)});
+}
+
+static void MakeMediaPage()
+{
+    LoadTemplate("report_media");
+    Text rows;
+    const int count = frmLists::lstMediaExtensions.ListCount();
+    for (int i = 0; i < count; ++i) {
+        rows += MediaRow(i);
+        DoEvents();
+    }
+    FillIn("<!--|||***MediaContent***|||-->", rows);
+    ReplaceResult("report_media");
+}
+
+// The new site's directory, as a link to its index file where it has one.
+static Text NewSiteValue()
+{
+    const Text newSite = frmProcess::lblNewSiteDir.Caption;
+    const Text indexFile = ScanForAnIndexFile(InProgramDir(ProjectNumber + "\\"));
+    if (indexFile.empty())
+        return newSite;
+    // Without a project directory the link leads to "*err*3". Wanted.
+    return "<A HREF=\"" + indexFile + "\">" + newSite + "</A>";
+}
+
+static void MakeMainPage(
+    const Text &newSite, const Text &brokenDetails, const Text &externalDetails, const Text &mediaDetails)
+{
+    using namespace frmProcess;
+    LoadTemplate("report");
+    // One after the other over the whole page: a marker inside a value is replaced in its turn. Wanted.
+    FillIn("<*thebackground*>", "../imgs/bg_report01.jpg");
+    FillIn("<*report_title*>", "../imgs/report_title01.png");
+    FillIn("<*reportdetails_title*>", "../imgs/title_project_details.png");
+    FillIn("<*expdetails_title*>", "../imgs/title_exp_summary.png");
+    FillIn("<!--lblProjectName-->", ProjectName);
+    FillIn("<!--lblDomainName-->", DomainName);
+    FillIn("<!--lblLocalSite-->", lblOrigSiteDir.Caption);
+    FillIn("<!--lblNewSite-->", newSite);
+    FillIn("<!--lblFilesProcessedCnt-->", lblFilesCnt.Caption);
+    FillIn("<!--lblPagesAddedCnt-->", lblPagesAdded.Caption);
+    // The label counts each keyword twice.
+    FillIn("<!--lblKeywordsAddedCntHalf-->", NumberText(NumberAtStart(lblKeywordsAdded.Caption) / 2));
+    FillIn("<!--lblKeywordsAddedCnt-->", lblKeywordsAdded.Caption);
+    FillIn("<!--lblMediaFilesCnt-->", lblMediaFilesFound.Caption);
+    FillIn("<!--lblLinksInternalCnt-->", lblLinksInternalCnt.Caption);
+    FillIn("<!--lblLinksExternalCnt-->", lblLinksExternalCnt.Caption);
+    FillIn("<!--lblLinksBrokenCnt-->", lblLinksBrokenCnt.Caption);
+    FillIn("<!--lblLinksMediaCnt-->", lblLinksMedia.Caption);
+    FillIn("<!--LinksBrokenDetails-->", brokenDetails);
+    FillIn("<!--LinksExternalDetails-->", externalDetails);
+    FillIn("<!--MediaDetails-->", mediaDetails);
+    ReplaceResult("report");
+}
+
+// Has no trap: a failure stops at that of btnReport_Click, with the steps that remain undone and the meter running.
+void GenerateReport()
+{
+    // A press of btnReport during a yield runs all this a second time inside itself. Wanted.
+    frmGeneratingReport::Me.Show();
+    frmProcess::Timer2.Enabled = true;
+    Text externalDetails, brokenDetails, mediaDetails;
+
+    // The details links of the two are set even where a missing template leaves them leading nowhere. Wanted.
+    if (IsAboveZero(frmProcess::lblLinksExternalCnt)) {
+        externalDetails = DetailsLink("report_linksexternal");
+        MakeLinksPage("External", "report_linksexternal", "<!--|||***ExternalLinks***|||-->");
+    }
+    SetDone(frmGeneratingReport::chkboxLinksExt);
+
+    if (IsAboveZero(frmProcess::lblLinksBrokenCnt)) {
+        brokenDetails = DetailsLink("report_linksbroken");
+        MakeLinksPage("Broken", "report_linksbroken", "<!--|||***BrokenLinks***|||-->");
+    }
+    SetDone(frmGeneratingReport::chkboxLinksBrk);
+
+    if (ifFileExists(TemplateOf("report_media"))) {
+        mediaDetails = DetailsLink("report_media");
+        MakeMediaPage();
+    } else
+        LogMissingTemplate("report_media", "GenerateReport.frmProcess");
+    SetDone(frmGeneratingReport::chkboxMediaReport);
+
+    const Text newSite = NewSiteValue();
+    if (ifFileExists(TemplateOf("report")))
+        MakeMainPage(newSite, brokenDetails, externalDetails, mediaDetails);
+    else
+        LogMissingTemplate("report", "GenerateReport.frmProcess");
+    SetDone(frmGeneratingReport::chkboxStatGen);
+
+    frmProcess::Dir1.Path = AddTrailingSlash(HostFiles::ProgramDir()) + AddTrailingSlash(ProjectNumber);
+    RouteNav();
+    SetDone(frmGeneratingReport::chkboxRouteNav);
+    ReportFinished = true;
+}
+
+Flag WriteTheReport(const Text &theFile, const TextHolder &theRTB)
+{
+    Flag Result = True;
+    Trap([&] {
+        const Text store = InStoreDir("");
+        if (ifDirExists(store)) {
+            PrintToFile(store + theFile + ".html", theRTB.Text);
+            return;
+        }
+        LogMessageLines({"", "The project storage directory couldn't be found for project #" + ProjectNumber + ".",
+            store, "GenerateReport.frmProcess"});
+        Result = False;
+    });
+    return Result;
+}

@@ -1,0 +1,53 @@
+#include "wizard/HelpBox.h"
+#include "core/FileHandle.h"
+#include "core/Trap.h"
+
+static constexpr double normalWidth = 600;
+static constexpr double frameWidth = 160;
+
+HelpFrame::HelpFrame(Form &theForm, Handler btnCloseHelp_Click)
+    : bg_help(theForm, "bg_help", {.At = {normalWidth, 0, frameWidth, 435}}),
+      textHBHeading(
+          theForm, "textHBHeading", {.At = {normalWidth + 12, 58, frameWidth - 24, 36}, .Style = Look::HelpHeading}),
+      textHBText(theForm, "textHBText", {.At = {normalWidth + 12, 98, frameWidth - 18, 258}, .Style = Look::HelpText}),
+      btnCloseHelp(theForm, "btnCloseHelp",
+          {.At = {normalWidth + 34, 372, 92, 34}, .Says = "Close help", .Click = btnCloseHelp_Click})
+{
+}
+
+void ShowHelpBox(Form &theForm, const Text &theHeading, const Text &theText, Flag doSlide, const Text &thePicture, int)
+{
+    Trap([&] {
+        auto &heading = *theForm.Find<Label>("textHBHeading");
+        if (!thePicture.empty())
+            theForm.Find<Image>("bg_help")->Picture = LoadPicture(InProgramDir("imgs\\" + thePicture));
+        if (heading.Caption == theHeading || HelpBoxClosed) {
+            HelpBoxClosed = false;
+            double direction = 1;
+            if (HelpBoxOpen) {
+                // Also where an earlier screen left its box out: this one then shrinks below its normal width. Wanted.
+                direction = -1;
+                HelpBoxClosed = true;
+            }
+            theForm.Left = theForm.Left - direction * Twips(1252.5);
+            const int steps = doSlide == True ? 15 : 1;
+            for (int step = 1; step <= steps; ++step)
+                theForm.Width = theForm.Width + direction * Twips(2400.0 / steps);
+            HelpBoxOpen = !HelpBoxOpen;
+        }
+        heading.Caption = theHeading;
+        theForm.Find<Label>("textHBText")->Caption = theText;
+    });
+}
+
+void CloseHelpBox(Form &theForm, const Text &theHeading)
+{
+    HelpBoxClosed = true;
+    ShowHelpBox(theForm, theHeading, "");
+}
+
+void CloseHelpBoxIfOpen(Form &theForm, const Text &theHeading)
+{
+    if (HelpBoxOpen)
+        CloseHelpBox(theForm, theHeading);
+}

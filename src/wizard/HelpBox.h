@@ -1,0 +1,22 @@
+// The help box that slides out of a screen's right edge.
+#pragma once
+#include "toolkit/Controls.h"
+
+// The help frame of a screen, just right of its normal width: widening the screen brings it into view.
+struct HelpFrame {
+    HelpFrame(Form &theForm, Handler btnCloseHelp_Click);
+    Image bg_help;
+    Label textHBHeading, textHBText;
+    Image btnCloseHelp;
+};
+
+// Shows a topic in the help box of theForm. A second call with the heading that is showing slides the box shut.
+// doSlide -1 slides in 15 steps, any other value in one. thePicture is a file of imgs; theSixth is not read.
+void ShowHelpBox(Form &theForm, const Text &theHeading, const Text &theText, Flag doSlide = True,
+    const Text &thePicture = "bg_help01.jpg", int theSixth = 0);
+
+// Closes the help box of theForm; theHeading stays on it. What btnCloseHelp of each screen does.
+void CloseHelpBox(Form &theForm, const Text &theHeading = "");
+
+// The same where the box is out, before a screen is left; does nothing where it is in.
+void CloseHelpBoxIfOpen(Form &theForm, const Text &theHeading = "");

@@ -1,0 +1,62 @@
+#include "wizard/frmAbout.h"
+#include "core/FileHandle.h"
+#include "core/Trap.h"
+#include "wizard/HelpBox.h"
+#include "wizard/MenuBar.h"
+#include "wizard/ScreenLook.h"
+
+namespace frmAbout
+{
+void Form_Load(), btnDone_Click(), hlpTitle_Click(), btnCloseHelp_Click();
+
+Form Me{"frmAbout", {.Load = Form_Load}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "About", .Style = Look::Title}};
+Image imgLogo{Me, "imgLogo", {.At = {24, 96, 176, 176}, .Says = "Ferncastle"}};
+Label lblDetails{Me, "lblDetails", {.At = {224, 100, 318, 180}}};
+Image hlpTitle{Me, "hlpTitle", {.At = {554, 60, 22, 22}, .Says = "Help: About", .Click = hlpTitle_Click}};
+Image btnDone{Me, "btnDone", {.At = {484, 372, 92, 34}, .Says = "Done", .Click = btnDone_Click}};
+HelpFrame Help{Me, btnCloseHelp_Click};
+MenuBar Menu{Me, {.ReportingErrors = optHelp_ReportingErrors_Click}};
+
+void Form_Load()
+{
+    Trap([] {
+        ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
+        imgLogo.Picture = LoadPicture(InProgramDir("imgs\\logoAbout.jpg"));
+        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        btnDone.Picture = LoadPicture(InProgramDir("imgs\\btnDone.jpg"));
+        Menu.mnuTools.Visible = false;
+        Menu.mnuOptions.Visible = false;
+        Menu.optHelp_About.Visible = false;
+        lblDetails.Caption =
+            "Ferncastle software is dedicated to producing amazing results for your personal website or online "
+            "business with regards to garnering tremendous attention from (and higher ranking through) the world's "
+            "leading search engines.\r\n"
+            "\r\n"
+            "This is done primarily by use of keyword-embedding technology and beefing up your site through added "
+            "bulk.";
+    });
+}
+
+void btnDone_Click()
+{
+    Trap([] { Me.Unload(); });
+}
+
+void hlpTitle_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "About",
+            "Ferncastle software is dedicated to producing amazing results for your personal website or "
+            "online business with regards to garnering tremendous attention from and ranking through the "
+            "world's leading search engines.  It makes a bigger copy of your site, in which every internal "
+            "link leads to a page of its own with your keywords in its file name.  Your own files are never "
+            "changed.  Click Done to go back to where you were.");
+    });
+}
+
+void btnCloseHelp_Click()
+{
+    Trap([] { CloseHelpBox(Me); });
+}
+}  // namespace frmAbout

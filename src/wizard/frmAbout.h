@@ -1,0 +1,8 @@
+// What Ferncastle is.
+#pragma once
+#include "toolkit/Controls.h"
+
+namespace frmAbout
+{
+extern Form Me;
+}  // namespace frmAbout

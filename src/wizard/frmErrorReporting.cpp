@@ -1,0 +1,57 @@
+#include "wizard/frmErrorReporting.h"
+#include "core/FileHandle.h"
+#include "core/Support.h"
+#include "core/Trap.h"
+#include "wizard/HelpBox.h"
+#include "wizard/MenuBar.h"
+#include "wizard/ScreenLook.h"
+
+namespace frmErrorReporting
+{
+void Form_Load(), btnDone_Click(), hlpTitle_Click(), btnCloseHelp_Click();
+
+Form Me{"frmErrorReporting", {.Load = Form_Load}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Reporting Errors", .Style = Look::Title}};
+Label lblDetails{Me, "lblDetails", {.At = {24, 62, 510, 72}}};
+Image hlpTitle{Me, "hlpTitle", {.At = {554, 60, 22, 22}, .Says = "Help: Error Reporting", .Click = hlpTitle_Click}};
+Image btnDone{Me, "btnDone", {.At = {484, 372, 92, 34}, .Says = "Done", .Click = btnDone_Click}};
+HelpFrame Help{Me, btnCloseHelp_Click};
+MenuBar Menu{Me, {.About = optHelp_About_Click}};
+
+static const char *const sendItTo = "To report an error, please send any pertinent information to ";
+
+void Form_Load()
+{
+    Trap([] {
+        ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
+        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        btnDone.Picture = LoadPicture(InProgramDir("imgs\\btnDone.jpg"));
+        Menu.mnuTools.Visible = false;
+        Menu.mnuOptions.Visible = false;
+        Menu.optHelp_ReportingErrors.Visible = false;
+        lblDetails.Caption = Text(sendItTo) + SupportMail + ".";
+    });
+}
+
+void btnDone_Click()
+{
+    Trap([] { Me.Unload(); });
+}
+
+void hlpTitle_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Error Reporting",
+            Text(sendItTo) + SupportMail +
+                ".  Tell me which screen you were on, what you clicked and the exact words of any message you "
+                "saw.  The version number on the start screen helps too, and so does a page of your site on "
+                "which the error shows.  I read every report, and the more I know, the sooner I can find out "
+                "what went wrong.");
+    });
+}
+
+void btnCloseHelp_Click()
+{
+    Trap([] { CloseHelpBox(Me); });
+}
+}  // namespace frmErrorReporting

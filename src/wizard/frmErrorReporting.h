@@ -1,0 +1,8 @@
+// Where to report an error.
+#pragma once
+#include "toolkit/Controls.h"
+
+namespace frmErrorReporting
+{
+extern Form Me;
+}  // namespace frmErrorReporting

@@ -1,0 +1,215 @@
+#include "wizard/frmFilters.h"
+#include "core/FileHandle.h"
+#include "core/TextOps.h"
+#include "core/Trap.h"
+#include "wizard/HelpBox.h"
+#include "wizard/MenuBar.h"
+#include "wizard/ScreenLook.h"
+
+namespace frmFilters
+{
+void Form_Load(), btnAddFilter_Click(), btnRemoveFilter_Click(), btnClearList_Click(), btnResetList_Click(),
+    btnDone_Click();
+void hlpAddFilter_Click(), hlpRemoveFilter_Click(), hlpClearList_Click(), hlpResetList_Click(), btnCloseHelp_Click();
+void Text1_KeyPress(int &KeyAscii);
+
+Form Me{"frmFilters", {.Load = Form_Load}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Manage Your Filters", .Style = Look::Title}};
+Label lblDetails{Me, "lblDetails", {.At = {24, 60, 304, 300}}};
+Label Label3{Me, "Label3", {.At = {348, 60, 228, 18}, .Caption = "Enter a filter below"}};
+TextBox Text1{Me, "Text1", {.At = {348, 85, 76, 26}, .Says = "Filter", .KeyPress = Text1_KeyPress}};
+Image btnAddFilter{Me, "btnAddFilter", {.At = {432, 82, 116, 32}, .Says = "Add Filter", .Click = btnAddFilter_Click}};
+Image hlpAddFilter{
+    Me, "hlpAddFilter", {.At = {554, 87, 22, 22}, .Says = "Help: Add a Filter", .Click = hlpAddFilter_Click}};
+Label Label2{Me, "Label2", {.At = {348, 130, 92, 20}, .Caption = "Filter List", .Style = Look::SubTitle}};
+ListBox List1{Me, "List1", {.At = {348, 154, 92, 200}, .Says = "Filter List"}};
+Image btnRemoveFilter{
+    Me, "btnRemoveFilter", {.At = {452, 154, 96, 32}, .Says = "Remove", .Click = btnRemoveFilter_Click}};
+Image hlpRemoveFilter{
+    Me, "hlpRemoveFilter", {.At = {554, 159, 22, 22}, .Says = "Help: Remove a Filter", .Click = hlpRemoveFilter_Click}};
+Image btnClearList{Me, "btnClearList", {.At = {452, 196, 92, 32}, .Says = "Clear", .Click = btnClearList_Click}};
+Image hlpClearList{
+    Me, "hlpClearList", {.At = {554, 201, 22, 22}, .Says = "Help: Clear the List", .Click = hlpClearList_Click}};
+Image btnResetList{Me, "btnResetList", {.At = {452, 238, 92, 32}, .Says = "Reset", .Click = btnResetList_Click}};
+Image hlpResetList{
+    Me, "hlpResetList", {.At = {554, 243, 22, 22}, .Says = "Help: Reset Filter List", .Click = hlpResetList_Click}};
+Label Label4{Me, "Label4", {.At = {452, 292, 92, 18}, .Caption = "Filters"}};
+Label lblFilterCount{Me, "lblFilterCount", {.At = {452, 312, 92, 22}, .Style = Look::Counter}};
+Image btnDone{Me, "btnDone", {.At = {484, 372, 92, 34}, .Says = "Done", .Click = btnDone_Click}};
+HelpFrame Help{Me, btnCloseHelp_Click};
+MenuBar Menu{Me, {.About = optHelp_About_Click, .ReportingErrors = optHelp_ReportingErrors_Click}};
+
+static void ShowCount()
+{
+    lblFilterCount.Caption = std::to_string(List1.ListCount());
+}
+
+static void SetDefaultRows()
+{
+    List1.SetRows({"htm", "tml"});
+    ShowCount();
+}
+
+static void AddFilter(const Text &theFilter)
+{
+    List1.AddItem(theFilter);
+    Text1.Text = "";
+    ShowCount();
+}
+
+void Form_Load()
+{
+    Trap([] {
+        ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
+        lblDetails.Caption =
+            "Filters let you specify which types of files you'd like to include in the expansion process.\r\n"
+            "\r\n"
+            "Currently, you can filter exactly the last three letters of any file extension.  What this means is that "
+            "if you'd like to include all of your '.htm' files, you'd use the filter 'htm'.  'tml' will include "
+            "'.html' files, '.xhtml' files, '.anythingtml' files, etc.\r\n"
+            "\r\n"
+            "In some cases you may also want to include '.txt' or similar files.  This is the place to include them."
+            "\r\n\r\n"
+            "NOTE:  Any file types not included in the filters list will be 'filtrered out' and not processed.  I "
+            "strongly recommend leaving these settings as they are and keeping filters turned on.";
+        Menu.mnuTools.Visible = false;
+        if (!ifFileExists(InStoreDir("filters.lst")))
+            SetDefaultRows();
+        else
+            lblFilterCount.Caption = std::to_string(LoadListFromFile("lst", ProjectNumber + "_store\\filters", List1));
+        // The pictures come last: a run asks this screen for its rows, and a missing picture must not cost it those.
+        btnAddFilter.Picture = LoadPicture(InProgramDir("imgs\\btnAddFilter.jpg"));
+        btnRemoveFilter.Picture = LoadPicture(InProgramDir("imgs\\btnRemove.jpg"));
+        btnClearList.Picture = LoadPicture(InProgramDir("imgs\\btnClear.jpg"));
+        btnResetList.Picture = LoadPicture(InProgramDir("imgs\\btnReset.jpg"));
+        btnDone.Picture = LoadPicture(InProgramDir("imgs\\btnDone.jpg"));
+        hlpAddFilter.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpRemoveFilter.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpClearList.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpResetList.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+    });
+}
+
+void btnAddFilter_Click()
+{
+    Trap([] {
+        if (Text1.Text == "")
+            return;
+        AddFilter(LowerText(Text1.Text));
+    });
+}
+
+void Text1_KeyPress(int &KeyAscii)
+{
+    Trap([&] {
+        if (KeyAscii != 13 || Text1.Text == "")
+            return;
+        // As typed, where the button makes it lower case. Wanted.
+        AddFilter(Text1.Text);
+    });
+}
+
+void btnRemoveFilter_Click()
+{
+    Trap([] {
+        if (List1.ListIndex < 0) {
+            ShowHelpBox(Me, "Nothing Selected",
+                "\r\nYou must select a keyword to be removed by clicking on the keyword in the keyword list");
+            return;
+        }
+        // The title is that of the Clear button. Wanted.
+        if (MsgBox("Are you sure you want to remove the selected filter?", msgYesNo + msgStop + msgThirdDefault,
+                "Clear Filters List") == answerYes) {
+            List1.RemoveItem(List1.ListIndex);
+            ShowCount();
+        }
+    });
+}
+
+static bool ConfirmClear()
+{
+    return MsgBox("Are you sure you want to clear the filters list?", msgYesNo + msgStop + msgThirdDefault,
+               "Clear Filters List") == answerYes;
+}
+
+void btnClearList_Click()
+{
+    Trap([] {
+        if (ConfirmClear()) {
+            List1.Clear();
+            ShowCount();
+        }
+    });
+}
+
+void btnResetList_Click()
+{
+    Trap([] {
+        // Asks in the words of the Clear button. Wanted.
+        if (ConfirmClear())
+            SetDefaultRows();
+    });
+}
+
+void btnDone_Click()
+{
+    Trap([] {
+        SaveListToFile("lst", ProjectNumber + "_store\\filters", List1);
+        // Kept up for its own sake: nothing reads it. Wanted.
+        SaveMarkedFile(InProgramDir("LastProjFilters.chk"), ProjectNumber, 1);
+        Me.Unload();
+    });
+}
+
+void hlpAddFilter_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Add a Filter",
+            "Clicking the Add Filter button will add the filter you have entered into the filters list.  Type "
+            "the last three letters of the file extension without a dot, 'htm' or 'php' for example.  The "
+            "button turns your letters into lower case for you; the Enter key adds them just as you typed "
+            "them.  A filter that is longer or shorter than three letters will never match a file, so please "
+            "check your typing.");
+    });
+}
+
+void hlpRemoveFilter_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Remove a Filter",
+            "Clicking the Remove button will remove the selected filter from your list.  First click on the "
+            "filter in the list, then on the button, and answer Yes when you are asked.  Files of that type "
+            "will then be copied to your new site as they are instead of being expanded.  If you remove one "
+            "by mistake, just add it again.  Nothing is saved until you click Done.");
+    });
+}
+
+void hlpClearList_Click()
+{
+    Trap([] {
+        // Promises more than the option keeps: only the one on the run's own screen is ever read. Wanted.
+        ShowHelpBox(Me, "Clear the List",
+            "Clicking the Clear button will remove all the filters from your list.  Be careful with this one:  "
+            "while filters are turned on and the list is empty, none of your pages will be expanded.  If you "
+            "would rather do without filters, untick 'Use File Extension Filters' in the Options menu of any "
+            "screen, and every file of your site will be processed when you expand it.  The Reset button "
+            "brings the default filters back.");
+    });
+}
+
+void hlpResetList_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Reset Filter List",
+            "Clicking the Reset button will reset the filter list to its default values.  These are 'htm' and "
+            "'tml', which cover nearly every page on the web.  Any filters you have added yourself will be "
+            "gone, so you are asked first (in the same words as for clearing the list).  If you ever feel "
+            "unsure about your filters, this is the safe way back.  Click Done to save the result.");
+    });
+}
+
+void btnCloseHelp_Click()
+{
+    Trap([] { CloseHelpBox(Me); });
+}
+}  // namespace frmFilters

@@ -1,0 +1,123 @@
+#include "wizard/frmLoadCreate.h"
+#include "core/DirHandle.h"
+#include "core/FileHandle.h"
+#include "core/Trap.h"
+#include "wizard/HelpBox.h"
+#include "wizard/MenuBar.h"
+#include "wizard/ScreenLook.h"
+#include "wizard/frmCreate.h"
+#include "wizard/frmLoad.h"
+#include "wizard/frmMenu.h"
+
+namespace frmLoadCreate
+{
+void Form_Load(), btnCreate_Click(), lblCreate1_Click(), hlpCreate_Click(), btnLoad_Click(), lblLoad1_Click(),
+    hlpLoad_Click(), btnBack_Click(), btnCloseHelp_Click();
+
+Form Me{"frmLoadCreate", {.Load = Form_Load}};
+Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Load or Create Menu", .Style = Look::Title}};
+Image btnCreate{Me, "btnCreate", {.At = {27, 54, 248, 176}, .Says = "Create a new project", .Click = btnCreate_Click}};
+Label lblCreate1{Me, "lblCreate1",
+    {.At = {45, 246, 180, 22}, .Caption = "Create", .Style = Look::SubTitle, .Click = lblCreate1_Click}};
+Label lblCreate2{Me, "lblCreate2",
+    {.At = {45, 274, 212, 40}, .Caption = "a new Ferncastle website project", .Click = lblCreate1_Click}};
+Image hlpCreate{Me, "hlpCreate", {.At = {235, 246, 22, 22}, .Says = "Help: Create Project", .Click = hlpCreate_Click}};
+Image btnLoad{Me, "btnLoad", {.At = {325, 54, 248, 176}, .Says = "Load an existing project", .Click = btnLoad_Click}};
+Label lblLoad1{
+    Me, "lblLoad1", {.At = {343, 246, 180, 22}, .Caption = "Load", .Style = Look::SubTitle, .Click = lblLoad1_Click}};
+Label lblLoad2{Me, "lblLoad2",
+    {.At = {343, 274, 212, 40}, .Caption = "an existing Ferncastle website project", .Click = btnLoad_Click}};
+Image hlpLoad{Me, "hlpLoad", {.At = {533, 246, 22, 22}, .Says = "Help: Load a Project", .Click = hlpLoad_Click}};
+Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
+HelpFrame Help{Me, btnCloseHelp_Click};
+MenuBar Menu{Me, MenuBeforeProject<Menu>()};
+
+void Form_Load()
+{
+    Trap([] {
+        ApplyScreenLook(Me, "bg_load.jpg", 0, 1);
+        Menu.mnuTools.Visible = false;
+        btnLoad.Picture = LoadPicture(InProgramDir("imgs\\optLoad.jpg"));
+        btnCreate.Picture = LoadPicture(InProgramDir("imgs\\optCreate.jpg"));
+        hlpLoad.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpCreate.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+    });
+}
+
+// Only the first project's directory decides, however many others there are. Wanted.
+static void LoadIfThereIs(const Text &theDir)
+{
+    if (!ifDirExists(InProgramDir(theDir))) {
+        MsgBox("You cannot load a project until you have first created one.");
+        return;
+    }
+    CloseHelpBoxIfOpen(Me);
+    frmLoad::Me.Show();
+    Me.Unload();
+}
+
+void btnLoad_Click()
+{
+    Trap([] { LoadIfThereIs("0001"); });
+}
+
+// Looks at another directory than btnLoad and lblLoad2 do. Wanted.
+void lblLoad1_Click()
+{
+    Trap([] { LoadIfThereIs("0001_store"); });
+}
+
+void btnCreate_Click()
+{
+    Trap([] {
+        CloseHelpBoxIfOpen(Me);
+        frmCreate::Me.Show();
+        Me.Unload();
+    });
+}
+
+// Unlike btnCreate it leaves an open help box to the next screen. Wanted.
+void lblCreate1_Click()
+{
+    Trap([] {
+        frmCreate::Me.Show();
+        Me.Unload();
+    });
+}
+
+void btnBack_Click()
+{
+    Trap([] {
+        CloseHelpBoxIfOpen(Me);
+        frmMenu::Me.Show();
+        Me.Unload();
+    });
+}
+
+void hlpCreate_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Create Project",
+            "By choosing to create a new project, you can set up an expansion project for your site from the "
+            "start.  You give it a name and tell me your domain name; then I'll ask where your local files "
+            "are and which keywords you want.  Your choices are saved under a project number of its own as "
+            "you go, so you can load the project later, change what you like and run it again.");
+    });
+}
+
+void hlpLoad_Click()
+{
+    Trap([] {
+        ShowHelpBox(Me, "Load a Project",
+            "Load an expansion project you have previously created.  You'll see a list of your projects and "
+            "pick the one you want.  Its domain name, the location of your site, your keywords and your other "
+            "settings are filled in for you on the screens that follow, and you can change any of them before "
+            "you run the expansion again.  If you haven't created a project yet, choose Create first.");
+    });
+}
+
+void btnCloseHelp_Click()
+{
+    Trap([] { CloseHelpBox(Me); });
+}
+}  // namespace frmLoadCreate

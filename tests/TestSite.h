@@ -1,0 +1,107 @@
+// A temporary program directory with the shipped pictures, a site of its own on drive x:, and a front that notes what
+// the program says.
+#pragma once
+#include "core/AppVars.h"
+#include "toolkit/HostFiles.h"
+#include "toolkit/Presentation.h"
+#include "toolkit/Services.h"
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <random>
+#include <sstream>
+
+struct TestFront final : Presentation {
+    std::vector<Text> Boxes;
+    Text Asked;             // what the last standstill said
+    int Answer = answerNo;  // to every question
+    int Beeps = 0;
+    int Yields = 0;
+    Handler AtYield = nullptr;  // what a user does at each yield
+    int Code = -1;              // once the program has ended
+    std::vector<RuntimeFailure> Failures;
+
+    int MsgBox(const Text &thePrompt, int theFlags, const Text &) override
+    {
+        Boxes.push_back(thePrompt);
+        return theFlags & msgYesNo ? Answer : answerOK;
+    }
+    void DoEvents() override
+    {
+        ++Yields;
+        if (AtYield)
+            AtYield();
+    }
+    void Beep() override { ++Beeps; }
+    void Standstill(const Text &theWhere, const Text &theWhy) override { Asked = theWhere + ": " + theWhy; }
+    void Failure(const RuntimeFailure &theFailure) override { Failures.push_back(theFailure); }
+    void Ended(int theCode) override { Code = theCode; }
+    void Show(Form &) override {}
+    void Unload(Form &) override {}
+    void Changed(Element &) override {}
+    void Focus(Control &) override {}
+    void WaitEvents() override { DoEvents(); }
+    void ShowNow() override {}
+    Text OpenFile(const Text &) override { return {}; }
+    void Navigate(Browser &, const Text &) override {}
+    bool GoBack(Browser &) override { return false; }
+    bool GoForward(Browser &) override { return false; }
+    void Refresh(Browser &) override {}
+    void Stop(Browser &) override {}
+};
+
+class TestSite : public testing::Test
+{
+protected:
+    TestFront front;
+    const std::filesystem::path program =
+        std::filesystem::temp_directory_path() / ("ferncastle-" + std::to_string(std::random_device{}()));
+    const std::filesystem::path site = program / "site on x";
+
+    TestSite()
+    {
+        std::filesystem::create_directories(site);
+        std::filesystem::copy(FERNCASTLE_DATA_DIR "/imgs", program / "imgs");
+        // What a test writes beside the program is seen at once.
+        HostFiles::RecheckAfter(0);
+        HostFiles::SetProgramDir(program.string());
+        HostFiles::MapDrive('x', site.string());
+        Present(&front);
+        HelpBoxOpen = false;
+    }
+    ~TestSite() override
+    {
+        for (Form *form : Form::All())
+            form->Unload();
+        HostFiles::Settle();
+        Present(nullptr);
+        std::filesystem::remove_all(program);
+    }
+
+    // The project in which a run on the site takes place.
+    void StartProject() const
+    {
+        for (const char *directory : {"0001", "0001_store"})
+            std::filesystem::create_directory(program / directory);
+        ProjectNumber = "0001";
+        DomainName = "site.test";
+        LocalSiteDir = "x:\\";
+    }
+    // Files of the site, by their path below it.
+    void Put(const Text &theFile, const Text &theContent = "<html>") const { PutAt(site / theFile, theContent); }
+    static void PutAt(const std::filesystem::path &theFile, const Text &theContent)
+    {
+        std::filesystem::create_directories(theFile.parent_path());
+        std::ofstream(theFile, std::ios::binary) << theContent;
+    }
+    // What the disk holds of a file below the program directory; "(none)" when it isn't there.
+    Text OnDisk(const Text &theFile) const
+    {
+        std::ifstream file(program / theFile, std::ios::binary);
+        std::ostringstream content;
+        content << file.rdbuf();
+        return file ? content.str() : "(none)";
+    }
+    template <class Kind> static Kind &The(Form &theForm, const Text &theName) { return *theForm.Find<Kind>(theName); }
+    static bool Click(Form &theForm, const Text &theName) { return UserClick(The<Control>(theForm, theName)); }
+};
