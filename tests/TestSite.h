@@ -52,7 +52,7 @@ struct TestFront final : Presentation {
 
 class TestSite : public testing::Test
 {
-protected:
+public:
     TestFront front;
     const std::filesystem::path program =
         std::filesystem::temp_directory_path() / ("ferncastle-" + std::to_string(std::random_device{}()));

@@ -26,6 +26,38 @@ static Text WithoutTags(const Text &thePage)
     return Result;
 }
 
+// The page without everything from each theHead to the theTail behind it.
+static Text WithoutBlocks(const Text &thePage, const Text &theHead, const Text &theTail)
+{
+    Text Result = thePage;
+    for (std::int64_t head; (head = FindText(1, Result, theHead, true)) > 0;) {
+        const std::int64_t tail = FindText(head, Result, theTail, true);
+        if (tail == 0)
+            break;
+        Result.erase(static_cast<std::size_t>(head - 1), static_cast<std::size_t>(tail - head + Len(theTail)));
+    }
+    return Result;
+}
+
+Text TextOfPage(const Text &thePage)
+{
+    Text page = WithoutBlocks(WithoutBlocks(thePage, "<head", "</head>"), "<script", "</script>");
+    page = ReplaceText(WithoutBlocks(page, "<!--", "-->"), "\n", " ");
+    for (const char *end : {"</tr>", "</TR>", "</div>", "</p>", "</h1>", "</h2>", "</table>"})
+        page = ReplaceText(page, end, "\n");
+    for (const char *end : {"</td>", "</TD>", "</th>"})
+        page = ReplaceText(page, end, "  ");
+    Text Result;
+    bool isBlank = true;
+    for (const char c : ReplaceText(ReplaceText(WithoutTags(page), "&nbsp;", " "), "&middot;", "-")) {
+        if (c == '\n' ? Result.ends_with('\n') || Result.empty() : (c == ' ' || c == '\r') && isBlank)
+            continue;
+        isBlank = c == '\n' || c == ' ';
+        Result += c == '\r' ? ' ' : c;
+    }
+    return Result;
+}
+
 Text TitleOfPage(const Text &thePage)
 {
     std::int64_t pos = 1;

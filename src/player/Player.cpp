@@ -4,6 +4,7 @@
 #include "toolkit/HostFiles.h"
 #include "toolkit/Services.h"
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <iostream>
 #include <limits>
@@ -156,13 +157,14 @@ void Player::DoEvents()
 
 void Player::WaitEvents()
 {
+    const std::size_t before = next;
     DoEvents();
-    if (!hasEnded && (next == script.size() || (script[next].Verb == "wait" && nextDue == never)))
-        if (const Form *process = FindForm("frmProcess"); process && process->Visible) {
-            std::cerr << "the script ends while the program waits\n";
-            Finish();
-            std::_Exit(endScript);
-        }
+    idleWaits = next == before ? idleWaits + 1 : 0;
+    if (!hasEnded && idleWaits > patience) {
+        std::cerr << "the program waits for a deed that the script doesn't hold\n";
+        Finish();
+        std::_Exit(endScript);
+    }
 }
 
 void Player::PlayLines()
@@ -203,6 +205,8 @@ void Player::Do(const Deed &theDeed)
         WhenTrapped = theDeed.Target == "on" ? TraceFailure : nullptr;
     else if (verb == "follow")
         Follow(theDeed);
+    else if (verb == "holds" || verb == "lacks")
+        LookAtFile(theDeed);
     else if (Element *element = FindElement(theDeed.Target))
         DoTo(theDeed, *element);
     else
@@ -219,6 +223,7 @@ void Player::DoTo(const Deed &theDeed, Element &theElement)
     auto *dirs = dynamic_cast<DirList *>(&theElement);
     auto *drives = dynamic_cast<DriveList *>(&theElement);
     auto *bar = dynamic_cast<ToolBar *>(&theElement);
+    auto *browser = dynamic_cast<Browser *>(&theElement);
     const int row = static_cast<int>(NumberAtStart(theDeed.Rest));
 
     if (verb == "open" && form)
@@ -227,6 +232,12 @@ void Player::DoTo(const Deed &theDeed, Element &theElement)
         NeedPossible(theDeed, UserClose(*form));
     else if (verb == "show" && form)
         ShowAll(theDeed);
+    else if (verb == "size" && form) {
+        const Text size = NumberText(std::round(form->Now.Width)) + "x" + NumberText(std::round(form->Now.Height));
+        if (size != theDeed.Rest)
+            StopAt(theDeed, endExpectation, "it is " + size);
+    } else if (verb == "read" && browser)
+        Say("page", TextOfPage(HostFiles::Read(browser->NowAddress)));
     else if (verb == "click" && bar)
         NeedPossible(theDeed, UserTool(*bar, theDeed.Rest));
     else if (verb == "click" && control)
@@ -263,13 +274,25 @@ void Player::DoTo(const Deed &theDeed, Element &theElement)
         StopAt(theDeed, endScript, "no such deed for a " + Text(theElement.Kind()));
 }
 
+// A file of the program directory: whether it is there, and holds a text.
+void Player::LookAtFile(const Deed &theDeed)
+{
+    HostFiles::Settle();
+    const Text file = HostFiles::ProgramDir() + "\\" + theDeed.Target;
+    const bool isThere = HostFiles::IsFile(file) || HostFiles::IsDirectory(file);
+    const bool holds = isThere && (theDeed.Rest.empty() || Holds(HostFiles::Read(file), theDeed.Rest));
+    if (holds != (theDeed.Verb == "holds"))
+        StopAt(theDeed, endExpectation, !isThere ? "it isn't there" : holds ? "it does" : "it does not");
+}
+
 void Player::ShowAll(const Deed &theDeed)
 {
     const Form &form = *FindForm(theDeed.Target);
     Say("shows", Text(form.Name) + (form.Visible ? "" : " (not showing)") + " \"" + form.Now.Caption + "\"");
     for (const Element *element : form.Elements()) {
         const auto *control = dynamic_cast<const Control *>(element);
-        if (control && control->Now.Visible)
+        // What lies to the right of the edge, as the help box does while it is in, isn't seen.
+        if (control && control->Now.Visible && control->Now.At.Left < form.Now.Width)
             Say("", Text(control->Name) + ", " + control->Kind() +
                         (control->Now.Says.empty() ? "" : " \"" + control->Now.Says + "\"") +
                         (control->Now.Enabled ? ": " : " (disabled): ") + ValueOf(*control));
@@ -320,6 +343,7 @@ void Player::Navigate(Browser &theBrowser, const Text &theAddress)
 
 void Player::OpenPage(Browser &theBrowser, const Text &theAddress)
 {
+    theBrowser.NowAddress = theAddress;
     BrowserGoes(theBrowser, theAddress);
     if (Holds(theAddress, "://")) {
         Say("browser", theAddress + " (a web address, not opened)");
@@ -330,7 +354,7 @@ void Player::OpenPage(Browser &theBrowser, const Text &theAddress)
         return;
     }
     const Text title = TitleOfPage(HostFiles::Read(theAddress));
-    Say("browser", theAddress + " \"" + title + "\"");
+    Say("browser", theAddress + " \"" + title + "\"\n" + HostFiles::ToHost(theAddress));
     BrowserTitled(theBrowser, title);
 }
 

@@ -47,6 +47,7 @@ private:
     void Do(const Deed &theDeed);
     void DoTo(const Deed &theDeed, Element &theElement);
     void Follow(const Deed &theDeed);
+    void LookAtFile(const Deed &theDeed);
     void ShowAll(const Deed &theDeed);
     void NeedPossible(const Deed &theDeed, bool wasPossible);
     [[noreturn]] void StopAt(const Deed &theDeed, int theCode, const Text &theWhy);
@@ -59,6 +60,7 @@ private:
     std::vector<Deed> script;
     std::size_t next = 0;
     long yields = 0;
+    long idleWaits = 0;  // in a row, with no line played
     long now = 0;      // milliseconds of the player's clock
     long nextDue = 0;  // no timer is due before this
     bool timersChanged = true;

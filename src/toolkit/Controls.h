@@ -280,6 +280,7 @@ public:
     void Refresh();
     void Stop();
     const BrowserEvents Events;
+    Text NowAddress;  // of the page it shows, kept by the presentation
     const char *Kind() const override { return "browser"; }
 };
 

@@ -15,7 +15,7 @@ struct PlaceHash {
 };
 // Directories by the very text that asked for them.
 std::unordered_map<Text, Dir *, PlaceHash, std::equal_to<>> places;
-std::unordered_map<char, std::unique_ptr<Dir>> roots;
+std::unique_ptr<Dir> hostRoot;
 
 std::int64_t Milliseconds()
 {
@@ -34,18 +34,22 @@ bool IsSeparator(char theChar)
     return theChar == '\\' || theChar == '/';
 }
 
+// All drives hang on the host's one root, so that a directory reached by two drives is remembered once.
 Dir *Root(char theLetter)
 {
-    const char letter = LowerChar(theLetter);
-    auto &root = roots[letter];
-    if (!root || root->Gone) {
-        const auto path = HostFiles::ToHost(Text{letter, ':', '\\'});
-        if (path.empty())
-            return nullptr;
-        root = std::make_unique<Dir>(path == "/" ? Text() : path, nullptr);
+    const Text path = HostFiles::ToHost(Text{theLetter, ':', '\\'});
+    if (path.empty())
+        return nullptr;
+    if (!hostRoot)
+        hostRoot = std::make_unique<Dir>("", nullptr);
+    hostRoot->Recheck();
+    Dir *dir = hostRoot.get();
+    for (std::size_t at = 1; dir && at < path.size();) {
+        const std::size_t end = std::min(path.find('/', at), path.size());
+        dir = dir->Enter(path.substr(at, end - at));
+        at = end + 1;
     }
-    root->Recheck();
-    return root->Gone ? nullptr : root.get();
+    return dir;
 }
 }  // namespace
 
@@ -259,6 +263,6 @@ void ForgetPlaces()
 void ForgetAll()
 {
     places.clear();
-    roots.clear();
+    hostRoot.reset();
 }
 }  // namespace HostMemory

@@ -44,7 +44,7 @@ struct Dir {
     Dir(Text theHostPath, Entry *theSelf) : HostPath(std::move(theHostPath)), Self(theSelf) {}
 
     const Text HostPath;  // without a final slash; empty for the host's root
-    Entry *const Self;    // null for a drive's root
+    Entry *const Self;    // null for the host's root
     bool Gone = false;
 
     Dir *Parent() const { return Self ? Self->In : nullptr; }
