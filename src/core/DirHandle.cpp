@@ -50,9 +50,11 @@ bool CreateDirectories(const Text &thePath)
         const Text drive = LeftPart(thePath, 2);
         if (!ifDriveExists(thePath))
             Fail("drive not found", thePath);
+        // A "#" or "?" in a directory's name cuts the path there: what lies below is not made. Wanted.
         const Text path = AddTrailingSlash(GetFileFromLink(thePath, 1, 0));
-        if (HostFiles::IsDirectory(path))
-            return;  // each step below would fail in silence
+        // Each step below would fail in silence, unless a ".." leads by way of directories that aren't there yet.
+        if (!Holds(path, "..") && HostFiles::IsDirectory(path))
+            return;
         const Text belowDrive = RightPart(path, Len(path) - 2);
         for (std::int64_t i = 1; i <= Len(belowDrive); ++i)
             if (MidPart(belowDrive, i, 1) == "\\")

@@ -85,15 +85,14 @@ Text CloseUpEquals(const Text &theTag)
 {
     Text Result;
     Trap([&] {
-        Text t = theTag;
         // One pass that never looks back: of two blanks beside an "=" one stays. Wanted.
-        for (std::size_t i = 0; i < t.size(); ++i) {
-            if (t.compare(i, 2, " =") == 0)
-                t.erase(i, 1);
-            if (t.compare(i, 2, "= ") == 0)
-                t.erase(i + 1, 1);
+        for (std::size_t i = 0; i < theTag.size(); ++i) {
+            if (theTag.compare(i, 2, " =") == 0)
+                ++i;
+            Result += theTag[i];
+            if (theTag.compare(i, 2, "= ") == 0)
+                ++i;
         }
-        Result = t;
     });
     return Result;
 }

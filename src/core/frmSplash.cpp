@@ -5,6 +5,7 @@
 #include "core/frmLists.h"
 #include "wizard/frmMenu.h"
 #include "wizard/frmWelcome.h"
+#include <algorithm>
 
 namespace frmSplash
 {
@@ -73,7 +74,7 @@ static bool EqualsTrue(const Text &theFlag)
         return false;
     const std::size_t digits = flag.find_first_not_of("+-") == Text::npos ? 0 : flag.find_first_not_of("+-");
     if (digits > 1 || flag.empty() || flag.find_first_not_of("0123456789.", digits) != Text::npos ||
-        flag.find_first_of("0123456789") == Text::npos)
+        flag.find_first_of("0123456789") == Text::npos || std::count(flag.begin(), flag.end(), '.') > 1)
         Fail("not a flag", theFlag);
     return NumberAtStart(flag) == -1;
 }

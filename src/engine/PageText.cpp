@@ -67,6 +67,7 @@ Text Relink(const Text &thePage, const Replacements &theReplacements)
 
 Text RelinkExpandedPage(const Text &thePage, const Text &depthPrefix)
 {
+    // Only double quotes are known, and of the directories in the root only "imgs", in any attribute. Wanted.
     // The page is lower-case and DomainName is not lowered: one with a capital letter is never found. Wanted.
     return Relink(
         thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
@@ -75,6 +76,7 @@ Text RelinkExpandedPage(const Text &thePage, const Text &depthPrefix)
 
 Text RelinkRoutedPage(const Text &thePage, const Text &depthPrefix)
 {
+    // Any double-quoted link to the root, but no repair of ">>". Wanted.
     return Relink(thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
                                {"href=", DomainName + "/", depthPrefix}, {"href=", "/", depthPrefix},
                                {"", "/imgs", depthPrefix + "imgs"}});

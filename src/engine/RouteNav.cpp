@@ -9,13 +9,15 @@
 
 using namespace frmProcess;
 
+// Asks neither whether the run was cancelled nor optSubdirs: what exists is routed, all of it. Wanted.
 void RouteNav()
 {
     const std::int16_t fileCount = Count16(File1.ListCount());
     for (int i = 0; i < fileCount; ++i) {
-        TreatThisFile = PassesFilter(File1.List(i));
+        const Text file = File1.List(i);
+        TreatThisFile = PassesFilter(file);
         if (TreatThisFile)
-            RouteTheFile(AddTrailingSlash(File1.Path) + File1.List(i));
+            RouteTheFile(AddTrailingSlash(File1.Path) + file);
         TreatThisFile = false;
         DoEvents();
     }

@@ -5,6 +5,7 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "core/frmLists.h"
+#include "engine/RowFinder.h"
 #include "engine/frmProcess.h"
 #include "engine/temp.h"
 
@@ -76,6 +77,7 @@ Text GetLinkFromTag(const Text &theTag)
     Text Result;
     Trap([&] {
         const Text tag = CloseUpEquals(theTag);
+        // Without "href" the position is 0, and the reading begins at the fourth character. Wanted.
         const std::int16_t position = Count16(FindText(1, LowerText(tag), "href"));
         std::int16_t off = 4;
         while (IsBetweenNameAndValue(tag, position + off))
@@ -107,6 +109,7 @@ Text StripSiteHead(const Text &theLink, Flag KEEPEXTRA)
         if (KEEPEXTRA != 1)
             if (const std::int64_t query = FindText(1, link, "?"); query > 0)
                 link = LeftPart(link, query - 1);
+        // No other scheme is known: a secure link keeps its head. Wanted.
         for (const char *head : {"http://", "http:\\\\", "www."})
             link = StripFromEnds(link, head, 1);
         Result = link;
@@ -114,25 +117,19 @@ Text StripSiteHead(const Text &theLink, Flag KEEPEXTRA)
     return Result;
 }
 
-static bool HoldsARow(const Text &theText, const ListBox &theList)
-{
-    for (const Text &row : theList.Rows())
-        if (Holds(theText, row))
-            return true;
-    return false;
-}
-
 bool isDomainExtensionInLink(const Text &theLink)
 {
+    static RowFinder finder(frmLists::ListDomainExtensions);
     bool Result = false;
-    Trap([&] { Result = HoldsARow(theLink, frmLists::ListDomainExtensions); });
+    Trap([&] { Result = finder.FindsOneIn(theLink); });
     return Result;
 }
 
 bool isLinkTrash(const Text &theTag)
 {
+    static RowFinder finder(frmLists::ListLinkTrash);
     bool Result = false;
-    Trap([&] { Result = HoldsARow(theTag, frmLists::ListLinkTrash); });
+    Trap([&] { Result = finder.FindsOneIn(theTag); });
     return Result;
 }
 
@@ -194,7 +191,7 @@ Text RebaseDottedLink(const Text &theLink)
             link = ReplaceText(link, "/", "\\");
         const Text base = AddTrailingSlash(DomainName) + PageSubdirectory();
         Text r;
-        if (link == ".")
+        if (link == ".")  // rooted at nothing: the domain is cut away again. Wanted.
             r = WithoutAsMany(base, DomainName);
         else if (link == "..")
             // In the site's root the parent is "0\": the count goes negative and the result is empty. Wanted.
@@ -207,7 +204,7 @@ Text RebaseDottedLink(const Text &theLink)
         else if (BeginsWith(link, "..\\"))
             r = ClimbFrom(base, link);
         else if (Holds(link, ".") && !isDomainExtensionInLink(link))
-            r = PageSubdirectory();
+            r = PageSubdirectory();  // without the link's own name. Wanted.
         Result = forward ? ReplaceText(r, "\\", "/") : r;
     });
     return Result;
@@ -230,12 +227,14 @@ Text AllAfterSiteRootNet(const Text &theLink, Flag KEEPEXTRA)
             // A full path, with a backslash behind the file's name. Wanted.
             Result = PageDirectory() + AddTrailingSlash(RightPart(s, Len(s) - 2));
         else if (BeginsWith(s, "..\\")) {
+            // Dropped, not climbed. Wanted.
             while (BeginsWith(s, "..\\"))
                 s = RightPart(s, Len(s) - 3);
             Result = s;
         } else if (Holds(s, ".") && !isDomainExtensionInLink(s))
             // A plain link's own directories are lost: it is looked for beside the page. Wanted.
             Result = PageSubdirectory();
+        // In all other cases the link stays as it came, with its head. Wanted.
     });
     return Result;
 }
@@ -244,6 +243,7 @@ Text LocalPathOfLink(const Text &theLink)
 {
     Text Result;
     Trap([&] {
+        // The second strip finds nothing any more.
         const Text base = StripFromEnds(StripFromEnds(LocalSiteDir, "\\", 0), "\\", 0);
         // No separator between them: a remainder without one runs into the directory's name. Wanted.
         Result = base + AllAfterSiteRootNet(theLink, 0);
@@ -292,6 +292,7 @@ std::int16_t isLinkInternal(const Text &theLink, const Text &theTag)
             const bool isInFront = (query == 0 && anchor == 0) || domain < query || domain < anchor;
             Result = isInFront ? -1 : 0;
         } else if (Holds(link, "."))
+            // A host whose ending the list lacks counts as a file of the site. Wanted.
             Result = isDomainExtensionInLink(link) ? 1 : -1;
     });
     return Result;

@@ -119,6 +119,7 @@ void TreatLink(PageInHand &thePage)
         TreatExternalLink(thePage);
     if (linkKind != -1)
         return;
+    // The test gets the backslash form, the copy below the link's own slashes: they may look in two places. Wanted.
     if (isLinkBroken(linkBackslashed) == 2)
         TreatBrokenLink(thePage);
     else if (isLinkMedia(thePage.Link) == 3)
@@ -137,7 +138,7 @@ Text RelativeDirectory()
 void FinishPage(const PageInHand &thePage)
 {
     // Begins at the ">" of the last tag of any kind, while the pieces end with the last rewritten one: the ">" stands
-    // twice, or all that lies between the two tags is gone. Wanted.
+    // twice, or all that lies between the two tags is gone; with no rewritten tag, all that lies before. Wanted.
     const Text &source = frmLists::RichTextBox1.Text;
     AppendLineToFile(frmTheFile::rtb2, "", RightPart(source, Len(source) - thePage.TagEnd + 1));
     const Text relativeDir = RelativeDirectory();

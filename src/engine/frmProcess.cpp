@@ -105,9 +105,6 @@ void Form_Load()
     LoadButton(btnPause, "btnPause.jpg");
     LoadButton(btnResume, "btnResume.jpg");
     LoadButton(btnReport, "btnReport.jpg");
-    for (Image *help : {&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded, &hlpLinksInternal, &hlpLinksExternal,
-             &hlpLinksBroken, &Image1, &Image2})
-        LoadButton(*help, "btnHelp.jpg");
     Dir1.Visible = false;
     File1.Visible = false;
     lblProjName.Caption = ProjectName;
@@ -119,21 +116,29 @@ void Form_Load()
     FilesProcessedCnt = 0;
     RunSpareCnt = 0;
     Timer1.Enabled = true;
+    for (Image *help : {&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded, &hlpLinksInternal, &hlpLinksExternal,
+             &hlpLinksBroken, &Image1, &Image2})
+        LoadButton(*help, "btnHelp.jpg");
 }
 
-// A run from the new site's directory into itself would write over its own source.
-static void RefuseOwnProject()
+// A walk that meets its own new site would write over its source, or copy what it has copied, for ever. It is stopped
+// before it has begun, and again where a link leads it there.
+static void RefuseOwnProject(const Text &theDir)
 {
-    const Text site = HostFiles::ToHost(LocalSiteDir) + "/";
-    if (BeginsWith(site, HostFiles::ToHost(InProgramDir(ProjectNumber)) + "/"))
-        Fail("the site to be expanded lies in the directory of its own new site", LocalSiteDir);
+    const Text project = InProgramDir(ProjectNumber);
+    if (ProjectNumber.empty())
+        Fail("No project was chosen. Please create a project or load one", "Timer1");
+    if (HostFiles::ReallyLiesIn(theDir, project) || HostFiles::ReallyLiesIn(project, LocalSiteDir))
+        Fail("The site's directory and the directory of the new site lie in one another. Please choose a directory "
+             "that holds the files of your site alone",
+            LocalSiteDir);
 }
 
 // Has no trap, like the walk that it runs.
 void Timer1_Timer()
 {
     Me.CloseRefused = true;
-    RefuseOwnProject();
+    RefuseOwnProject(LocalSiteDir);
     Dir1.Path = LocalSiteDir;
     File1.Path = LocalSiteDir;
     for (const char *name :
@@ -160,7 +165,7 @@ void Timer2_Timer()
 
 void Dir1_Change()
 {
-    File1.Path = Dir1.Path;
+    Trap([] { File1.Path = Dir1.Path; });
 }
 
 void AddToCount(Label &theLabel, double theNumber)
@@ -228,6 +233,7 @@ void SiteWalk()
         if (CancelRequested)
             break;
         Dir1.Path = Dir1.List(m);
+        RefuseOwnProject(Dir1.Path);
         SiteWalk();
         Dir1.Path = path;
         DoEvents();
@@ -246,6 +252,7 @@ std::int16_t GetDirLevel(const Text &thePath, int WhichSite)
     Trap([&] {
         const Text path = ifDirExists(thePath) ? AddTrailingSlash(thePath) : thePath;
         const Text base = WhichSite == 1 ? InProgramDir(AddTrailingSlash(ProjectNumber)) : LocalSiteDir;
+        // As many characters as the base has are cut off, whatever they are. Wanted.
         Result = StrCount(RightPart(path, Len(path) - Len(base)), "\\");
     });
     return Result;

@@ -8,6 +8,7 @@
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
 #include "toolkit/HostFiles.h"
+#include <algorithm>
 #include <functional>
 #include <unordered_set>
 
@@ -31,6 +32,7 @@ static Text IndexFileOfDirectory(const Text &theLink)
     const Text found = ScanForAnIndexFile(AddTrailingSlash(LocalPathOfLink(theLink)));
     if (LowerText(LeftPart(found, 5)) != "*err*")
         return LastElement(found);
+    // Only here is a missing directory counted; the other scans let the error through. Wanted.
     if (NumberAtStart(RightPart(found, Len(found) - 5)) == 3)
         RaiseBrokenLinksTally();
     return found;
@@ -67,6 +69,8 @@ static Text FileOfLink(const Text &theLink, Flag wantDir, Flag wantFile)
         // Neither is a path that can be scanned: its messages show and the error becomes the file. Wanted.
         return ScanForAnIndexFile(theLink == "." ? "\\" : "0\\");
     }
+    // Links are lower-case and DomainName is not lowered: one with a capital letter is never found, and the bare domain
+    // then counts as a file. Wanted.
     if (!Holds(theLink, DomainName))
         return theLink;
     return wantFile < 1 ? "" : LastElement(ScanForAnIndexFile(AddTrailingSlash(LocalPathOfLink(theLink))));
@@ -151,6 +155,7 @@ Text MakeKeywordedFileName(const Text &theFileName)
     Text Result;
     Trap([&] {
         const std::int64_t n = Len(theFileName);
+        // Without a point the whole name is the extension. Wanted.
         const Text extension = RightPart(theFileName, n - FindLastText(theFileName, ".") + 1);
         FileNameNumber = PadNumberLeft(static_cast<std::int32_t>(GetRandomNumber(999999)), 6);
         Text name = FileNameNumber;
@@ -179,6 +184,7 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
         const Text rest = RightPart(tag, Len(tag) - Len(head) - Len(link));
         const std::int16_t fileLen = Count16(Len(theFile));
         const bool forward = Holds(link, "/");
+        // The other kind than the link's own: "/" where it holds none. Wanted.
         const Text separator = forward ? "\\" : "/";
         if (forward) {
             if (Holds(link, "\\"))
@@ -210,9 +216,25 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
         // is empty and the tag drops out of the page. Wanted.
         const Text tail = RightPart(link, Len(link) - Len(dirPart) - fileLen + extra);
         const Text newTag = head + dirPart + newFile + tail + rest;
+        // In the whole tag, its other text included. Wanted.
         Result = forward ? ReplaceText(newTag, "\\", "/") : newTag;
     });
     return Result;
+}
+
+// Whether the elements of thePath, read from the left, ever climb above where they start.
+static bool ClimbsOut(const Text &thePath)
+{
+    int depth = 0;
+    for (std::size_t at = 0; at < thePath.size();) {
+        const std::size_t end = std::min(thePath.find_first_of("\\/", at), thePath.size());
+        const Text element = thePath.substr(at, end - at);
+        depth += element == ".." ? -1 : element.empty() || element == "." ? 0 : 1;
+        if (depth < 0)
+            return true;
+        at = end + 1;
+    }
+    return false;
 }
 
 std::int16_t CreateNewlyKeywordedFile(const Text &theLink, const Text &newFile, const Text &theFile)
@@ -235,8 +257,10 @@ std::int16_t CreateNewlyKeywordedFile(const Text &theLink, const Text &newFile, 
         Text name = newFile;
         Text target = targetOf(name);
         const Text source = ReplaceText(LocalSiteDir + LinkSubDir + theFile, "\\\\", "\\");
-        // A link may climb by ".." behind its domain: what lies outside the site or the project isn't there.
-        const bool isInside = HostFiles::LiesIn(source, LocalSiteDir) && HostFiles::LiesIn(target, project);
+        // A link may climb by ".." behind its domain: what lies outside the site or the project, or is reached by way
+        // of there, isn't there; though isLinkBroken may have found it.
+        const bool isInside =
+            !ClimbsOut(LinkSubDir) && HostFiles::LiesIn(source, LocalSiteDir) && HostFiles::LiesIn(target, project);
         // The tag already holds the first name, so after a collision the link and the copy disagree. Wanted.
         while (isInside && ifFileExists(target)) {
             name = NewNumberInFileName(name);

@@ -1,5 +1,6 @@
 #include "player/Player.h"
 #include "core/TextOps.h"
+#include "core/Utils.h"
 #include "player/PageReader.h"
 #include "toolkit/HostFiles.h"
 #include "toolkit/Services.h"
@@ -29,12 +30,6 @@ void Say(const Text &theWhat, const Text &theText)
     std::cout << theWhat << Text(theWhat.size() < 10 ? 10 - theWhat.size() : 1, ' ') << Indented(theText) << '\n';
 }
 
-bool IsShowing(const Text &theForm)
-{
-    const Form *const form = FindForm(theForm);
-    return form && form->Visible;
-}
-
 void TraceFailure(const RuntimeFailure &theFailure, const char *theProcedure)
 {
     Say("trapped", theFailure.What + " (" + theFailure.Where + ") in " + theProcedure);
@@ -50,11 +45,15 @@ int Player::Play(Form &theFirstForm)
         if (hasEnded || next == script.size())
             break;
         const long start = now;
-        while (!hasEnded && IsHeldBack(script[next]))
+        while (!hasEnded && next < script.size() && IsHeldBack(script[next]))
             if (!AdvanceToNextTimer() || now - start > patience)
                 StopAt(script[next], endScript, "this will never come: nothing moves the program any more");
     }
     Finish();
+    if (hasEnded && code == 0 && next < script.size() && script[next].Verb != "ended") {
+        std::cerr << "line " << script[next].Line << ": the program has ended before it\n";
+        code = endScript;
+    }
     return code;
 }
 
@@ -178,8 +177,12 @@ void Player::PlayLines()
 
 bool Player::IsHeldBack(const Deed &theDeed)
 {
-    if (theDeed.Verb == "wait")
-        return !IsShowing(theDeed.Target);
+    if (theDeed.Verb == "wait") {
+        // Asked at every yield, so the screen is looked up once.
+        if (!awaited || theDeed.Target != awaited->Name)
+            awaited = FindForm(theDeed.Target);
+        return !awaited || !awaited->Visible;
+    }
     return theDeed.Verb == "at" && static_cast<double>(yields) < NumberAtStart(theDeed.Target);
 }
 
@@ -205,6 +208,11 @@ void Player::Do(const Deed &theDeed)
         WhenTrapped = theDeed.Target == "on" ? TraceFailure : nullptr;
     else if (verb == "follow")
         Follow(theDeed);
+    else if (verb == "said") {
+        if (!Holds(lastBox, theDeed.All()))
+            StopAt(theDeed, endExpectation, lastBox.empty() ? "no box has shown" : "the last box said: " + lastBox);
+    } else if (verb == "ended")
+        StopAt(theDeed, endExpectation, "the program goes on");
     else if (verb == "holds" || verb == "lacks")
         LookAtFile(theDeed);
     else if (Element *element = FindElement(theDeed.Target))
@@ -224,7 +232,7 @@ void Player::DoTo(const Deed &theDeed, Element &theElement)
     auto *drives = dynamic_cast<DriveList *>(&theElement);
     auto *bar = dynamic_cast<ToolBar *>(&theElement);
     auto *browser = dynamic_cast<Browser *>(&theElement);
-    const int row = static_cast<int>(NumberAtStart(theDeed.Rest));
+    const int row = static_cast<int>(std::clamp(NumberAtStart(theDeed.Rest), -2.0, 1e9));
 
     if (verb == "open" && form)
         StartProgram(*form);
@@ -237,13 +245,14 @@ void Player::DoTo(const Deed &theDeed, Element &theElement)
         if (size != theDeed.Rest)
             StopAt(theDeed, endExpectation, "it is " + size);
     } else if (verb == "read" && browser)
-        Say("page", TextOfPage(HostFiles::Read(browser->NowAddress)));
+        Say("page", HostFiles::IsFile(browser->NowAddress) ? TextOfPage(HostFiles::Read(browser->NowAddress))
+                                                           : "(there is no such page)");
     else if (verb == "click" && bar)
         NeedPossible(theDeed, UserTool(*bar, theDeed.Rest));
     else if (verb == "click" && control)
         NeedPossible(theDeed, UserClick(*control));
     else if (verb == "refuse" && control) {
-        if (control->Owner.Visible && control->Now.Visible && control->Now.Enabled)
+        if (CanReach(*control))
             StopAt(theDeed, endExpectation, "a user could click it");
     } else if (verb == "refuse" && form) {
         if (form->Visible && !form->CloseRefused)
@@ -274,13 +283,23 @@ void Player::DoTo(const Deed &theDeed, Element &theElement)
         StopAt(theDeed, endScript, "no such deed for a " + Text(theElement.Kind()));
 }
 
+// What lies beyond the edge, as the help box does while it is in, isn't seen, nor is a picture without a picture.
+static bool IsSeen(const Control &theControl)
+{
+    if (const auto *item = dynamic_cast<const MenuItem *>(&theControl); item && item->Menu && !item->Menu->Now.Visible)
+        return false;
+    return theControl.Now.Visible && theControl.Now.At.Left < theControl.Owner.Now.Width &&
+           !(dynamic_cast<const Image *>(&theControl) && theControl.Now.Picture.empty());
+}
+
 // A file of the program directory: whether it is there, and holds a text.
 void Player::LookAtFile(const Deed &theDeed)
 {
     HostFiles::Settle();
     const Text file = HostFiles::ProgramDir() + "\\" + theDeed.Target;
-    const bool isThere = HostFiles::IsFile(file) || HostFiles::IsDirectory(file);
-    const bool holds = isThere && (theDeed.Rest.empty() || Holds(HostFiles::Read(file), theDeed.Rest));
+    const bool isFile = HostFiles::IsFile(file);
+    const bool isThere = isFile || HostFiles::IsDirectory(file);
+    const bool holds = isThere && (theDeed.Rest.empty() || (isFile && Holds(HostFiles::Read(file), theDeed.Rest)));
     if (holds != (theDeed.Verb == "holds"))
         StopAt(theDeed, endExpectation, !isThere ? "it isn't there" : holds ? "it does" : "it does not");
 }
@@ -291,16 +310,18 @@ void Player::ShowAll(const Deed &theDeed)
     Say("shows", Text(form.Name) + (form.Visible ? "" : " (not showing)") + " \"" + form.Now.Caption + "\"");
     for (const Element *element : form.Elements()) {
         const auto *control = dynamic_cast<const Control *>(element);
-        // What lies to the right of the edge, as the help box does while it is in, isn't seen.
-        if (control && control->Now.Visible && control->Now.At.Left < form.Now.Width)
-            Say("", Text(control->Name) + ", " + control->Kind() +
-                        (control->Now.Says.empty() ? "" : " \"" + control->Now.Says + "\"") +
-                        (control->Now.Enabled ? ": " : " (disabled): ") + ValueOf(*control));
+        if (!control || !IsSeen(*control))
+            continue;
+        const auto *item = dynamic_cast<const MenuItem *>(control);
+        const Text says = item ? ReplaceText(control->Now.Caption, "&", "") : control->Now.Says;
+        Say("", Text(control->Name) + ", " + control->Kind() + (says.empty() ? "" : " \"" + says + "\"") +
+                    (control->Now.Enabled ? ": " : " (disabled): ") + ValueOf(*control));
     }
 }
 
 int Player::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
+    lastBox = thePrompt;
     const bool isQuestion = (theFlags & msgYesNo) != 0;
     if (!isQuestion) {
         if (++boxes[thePrompt] == 1)
@@ -361,7 +382,7 @@ void Player::OpenPage(Browser &theBrowser, const Text &theAddress)
 void Player::Follow(const Deed &theDeed)
 {
     for (auto &[browser, history] : histories) {
-        if (!browser->Owner.Visible)
+        if (!browser->Owner.Visible || history.Pages.empty())
             continue;
         const Text page = history.Pages[history.At];
         const Text address = HostFiles::IsFile(page) ? AddressOfLink(HostFiles::Read(page), theDeed.All()) : "";

@@ -61,12 +61,14 @@ private:
     std::size_t next = 0;
     long yields = 0;
     long idleWaits = 0;  // in a row, with no line played
-    long now = 0;      // milliseconds of the player's clock
-    long nextDue = 0;  // no timer is due before this
+    long now = 0;        // milliseconds of the player's clock
+    long nextDue = 0;    // no timer is due before this
     bool timersChanged = true;
     std::map<Timer *, long> due;
+    const Form *awaited = nullptr;  // the screen that the line in hand waits for
     std::deque<Text> answers, files;
     std::map<Text, long> boxes;
+    Text lastBox;
     std::map<Browser *, History> histories;
     bool hasEnded = false;
     int code = 0;

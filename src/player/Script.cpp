@@ -53,7 +53,7 @@ static Text JoinedRows(const std::vector<Text> &theRows)
 {
     Text Result;
     for (const Text &row : theRows)
-        Result += (Result.empty() ? "" : " | ") + row;
+        Result += (&row == &theRows.front() ? "" : " | ") + row;
     return Result;
 }
 

@@ -4,13 +4,14 @@
 #include "player/Player.h"
 #include "toolkit/HostFiles.h"
 #include "toolkit/Services.h"
-#include <cstring>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 
 static const char *const usage =
     "usage: ferncastle-play [--program-dir DIR] [--drive x=DIR]... [--seed N] [SCRIPT]\n"
+    "DIR of --drive stands for drive x:, from d: on; c: is the root of this machine.\n"
     "Plays SCRIPT, or standard input: a user's deeds, one a line. DEVELOPING.md tells the verbs.\n"
     "Exit status: 0 played, 1 an expectation failed, 2 the script is wrong, 3 a failure, 4 a standstill.\n";
 
@@ -30,10 +31,11 @@ int main(int argc, char **argv)
         const Text value = i + 1 < argc ? argv[i + 1] : "";
         if (word == "--program-dir" && !value.empty())
             HostFiles::SetProgramDir(FullPath(value)), ++i;
-        else if (word == "--drive" && value.size() > 2 && value[1] == '=')
+        else if (word == "--drive" && value.size() > 2 && value[1] == '=' && LowerChar(value[0]) > 'c' &&
+                 LowerChar(value[0]) <= 'z')
             HostFiles::MapDrive(value[0], FullPath(value.substr(2))), ++i;
         else if (word == "--seed" && !value.empty())
-            SetClock(static_cast<std::uint64_t>(NumberAtStart(value))), ++i;
+            SetClock(static_cast<std::uint64_t>(std::max(0.0, NumberAtStart(value)))), ++i;
         else if (scriptFile.empty() && !word.starts_with("-"))
             scriptFile = word;
         else {

@@ -11,6 +11,11 @@ struct RuntimeFailure {
     Text Where;  // the operation or the path that failed
 };
 
+// A failure that no trap caught; passes through every trap further down, and ends the program.
+struct UntrappedFailure {
+    RuntimeFailure Failure;
+};
+
 // The program is ending; passes through every trap.
 struct ProgramEnd {
     int Code;

@@ -48,15 +48,18 @@ void ThrowPending()
         std::rethrow_exception(std::exchange(pending, nullptr));
 }
 
+// Puts on the disk what is outstanding, and says what could not be.
+void SettleAll()
+{
+    HostFiles::Settle();
+    for (const Text &failure : HostFiles::TakeFailures())
+        front->MsgBox(failure, msgOK, DefaultBoxTitle);
+}
+
 void EndThe(int theCode)
 {
     hasEnded = true;
-    try {
-        HostFiles::Settle();
-    } catch (const RuntimeFailure &failure) {
-        front->Failure(failure);
-        theCode = endFailure;
-    }
+    SettleAll();
     front->Ended(theCode);
 }
 
@@ -65,27 +68,31 @@ void Resolve()
 {
     try {
         ThrowPending();
-        HostFiles::Settle();
+        SettleAll();
         // Nothing runs any more: with the last screen gone, so is the program.
         const auto forms = Form::All();
         if (hasStarted && std::none_of(forms.begin(), forms.end(), [](Form *form) { return form->Visible; }))
             EndThe(0);
     } catch (const ProgramEnd &end) {
         EndThe(end.Code);
-    } catch (const RuntimeFailure &failure) {
-        front->Failure(failure);
+    } catch (const UntrappedFailure &failure) {
+        SettleAll();
+        front->Failure(failure.Failure);
         EndThe(endFailure);
     }
 }
 
 template <class Deed> bool Gate(Deed &&theDeed)
 {
-    if (hasEnded)
+    // While the program is on its way out, nothing more is done in it.
+    if (hasEnded || pending)
         return false;
     ++gatesOpen;
     try {
         theDeed();
-    } catch (const RuntimeFailure &) {
+    } catch (const RuntimeFailure &failure) {
+        pending = std::make_exception_ptr(UntrappedFailure{failure});
+    } catch (const UntrappedFailure &) {
         pending = std::current_exception();
     } catch (const ProgramEnd &) {
         pending = std::current_exception();
@@ -101,6 +108,8 @@ void Run(Handler theHandler)
         theHandler();
 }
 
+}  // namespace
+
 bool CanReach(const Control &theControl)
 {
     if (!theControl.Owner.Visible || !theControl.Now.Visible || !theControl.Now.Enabled)
@@ -108,7 +117,6 @@ bool CanReach(const Control &theControl)
     const auto *item = dynamic_cast<const MenuItem *>(&theControl);
     return !item || !item->Menu || CanReach(*item->Menu);
 }
-}  // namespace
 
 void Present(Presentation *thePresentation)
 {

@@ -13,6 +13,7 @@ std::map<char, Text> drives;
 Text programDir, programHostDir;
 std::vector<Entry *> outstanding;  // in the order in which they were asked for
 std::int64_t outstandingBytes = 0, roomAtLastLook = 0;
+std::vector<Text> failures;
 
 // Larger files are copied at once: they are seldom pages, so nothing is won by waiting.
 constexpr std::int64_t waitAtMost = 1 << 20;
@@ -35,7 +36,7 @@ void SetProgram(const Text &theHostDir)
 bool IsProjectDirectory(std::string_view theName)
 {
     const std::size_t digits = std::min(theName.find_first_not_of("0123456789"), theName.size());
-    return digits > 0 && (digits == theName.size() || theName.substr(digits) == "_store");
+    return digits >= 4 && (digits == theName.size() || theName.substr(digits) == "_store");
 }
 
 bool IsSavedFile(std::string_view theName)
@@ -89,14 +90,13 @@ std::pair<Dir *, Entry *> Target(const Text &thePath, std::string_view &theName)
     return {dir, entry};
 }
 
+// Writes the bytes that theEntry still lacks.
 void MakeOutstanding(Entry &theEntry)
 {
     if (const Entry *source = std::exchange(theEntry.CopyOf, nullptr))
         HostIo::Copy(source->HostPath(), theEntry.HostPath());
     if (const auto text = std::exchange(theEntry.Unwritten, nullptr))
         HostIo::Append(theEntry.HostPath(), *text);
-    theEntry.OnDisk = true;
-    theEntry.In->Wrote();
 }
 
 // True while the disk has room for what is outstanding twice over: a copy that cannot be made is to fail when it is
@@ -112,15 +112,6 @@ bool MayWait(std::int64_t theSize)
         roomAtLastLook = std::min(room, outstandingBytes + (std::int64_t{64} << 20));
     }
     return true;
-}
-
-void MadeOnDisk(Dir &theDir, Entry *theEntry, std::string_view theName)
-{
-    if (theEntry) {
-        theEntry->OnDisk = true;
-        theDir.Wrote();
-    } else
-        theDir.Add(theName, HostIo::Kind::File, true);
 }
 }  // namespace
 
@@ -150,7 +141,7 @@ void SetProgramDir(const Text &theHostDir)
 Text ToHost(const Text &thePath)
 {
     const Text path = Plain(thePath);
-    if (path.size() < 2 || !TheDrives().contains(LowerChar(path[0])))
+    if (path.size() < 3 || path[1] != ':' || !TheDrives().contains(LowerChar(path[0])))
         return {};
     if (path.size() == 3) {
         const Text &root = TheDrives()[LowerChar(path[0])];
@@ -203,6 +194,12 @@ bool LiesIn(const Text &thePath, const Text &theDir)
     const auto closed = [](Text thePlain) { return thePlain.ends_with('\\') ? thePlain : thePlain + '\\'; };
     const Text path = closed(Plain(thePath)), dir = closed(Plain(theDir));
     return path.size() >= dir.size() && CompareIgnoringCase(std::string_view(path).substr(0, dir.size()), dir) == 0;
+}
+
+bool ReallyLiesIn(const Text &thePath, const Text &theDir)
+{
+    const Text path = HostIo::RealPath(ToHost(thePath)) + '/', dir = HostIo::RealPath(ToHost(theDir)) + '/';
+    return dir != "/" && path.starts_with(dir);
 }
 
 bool IsFile(const Text &thePath)
@@ -277,22 +274,25 @@ Text Read(const Text &theFile)
     return HostIo::Read(entry.CopyOf ? entry.CopyOf->HostPath() : entry.HostPath());
 }
 
-Text Origin(const Text &theFile)
+Text SourceOfCopy(const Text &theFile)
 {
-    const Entry &entry = ExistingFile(theFile);
-    return entry.CopyOf ? entry.CopyOf->HostPath() : entry.HostPath();
+    const Entry *const entry = FindFile(theFile);
+    return entry && entry->CopyOf ? entry->CopyOf->HostPath() : "";
 }
 
 void Write(const Text &theFile, const Text &theContent)
 {
     std::string_view name;
     const auto [dir, entry] = Target(theFile, name);
-    HostIo::Write(entry ? entry->HostPath() : dir->HostPath + '/' + Text(name), theContent);
-    if (entry) {
-        entry->CopyOf = nullptr;
-        entry->Unwritten = nullptr;
+    if (!entry) {
+        HostIo::Write(dir->HostPath + '/' + Text(name), theContent, true);
+        dir->Add(name, HostIo::Kind::File);
+        return;
     }
-    MadeOnDisk(*dir, entry, name);
+    // The file of an outstanding copy is still empty.
+    HostIo::Write(entry->HostPath(), theContent, entry->CopyOf != nullptr);
+    entry->CopyOf = nullptr;
+    entry->Unwritten = nullptr;
 }
 
 void Append(const Text &theFile, const Text &theContent)
@@ -301,7 +301,7 @@ void Append(const Text &theFile, const Text &theContent)
     auto [dir, entry] = Target(theFile, name);
     if (!entry) {
         HostIo::Append(dir->HostPath + '/' + Text(name), theContent);
-        dir->Add(name, HostIo::Kind::File, true);
+        dir->Add(name, HostIo::Kind::File);
         return;
     }
     if (entry->CopyOf)
@@ -328,19 +328,20 @@ void Copy(const Text &theSource, const Text &theTarget)
     if (source.Size < 0)
         source.Size = HostIo::ReadableSize(source.HostPath());
     const std::int64_t size = source.Size;
-    if (entry)
+    if (!entry) {
+        HostIo::MakeFile(dir->HostPath + '/' + Text(name));
+        entry = &dir->Add(name, HostIo::Kind::File);
+    } else if (!entry->CopyOf) {
         entry->Unwritten = nullptr;
-    // What the program itself may write later is copied now.
-    if (IsOwn(*source.In, source.Name) || (entry && entry->OnDisk) || !MayWait(size)) {
-        HostIo::Copy(source.HostPath(), entry ? entry->HostPath() : dir->HostPath + '/' + Text(name));
-        if (entry)
-            entry->CopyOf = nullptr;
-        MadeOnDisk(*dir, entry, name);
+        HostIo::Copy(source.HostPath(), entry->HostPath());
         return;
     }
-    if (!entry)
-        entry = &dir->Add(name, HostIo::Kind::File, false);
     entry->CopyOf = &source;
+    // What the program itself may write later is copied now.
+    if (IsOwn(*source.In, source.Name) || !MayWait(size)) {
+        MakeOutstanding(*entry);
+        return;
+    }
     outstanding.push_back(entry);
     outstandingBytes += size;
 }
@@ -353,15 +354,14 @@ void Delete(const Text &theFile)
         Fail("file not found", theFile);
     entry->CopyOf = nullptr;
     entry->Unwritten = nullptr;
-    if (entry->OnDisk)
-        HostIo::Delete(entry->HostPath());
+    HostIo::Delete(entry->HostPath());
     dir->Remove(*entry);
 }
 
 std::int64_t Stamp(const Text &theFile)
 {
     const Entry *const entry = FindFile(theFile);
-    return entry ? HostIo::ChangeStamp(entry->HostPath()) : -1;
+    return entry ? HostIo::FileStamp(entry->HostPath()) : -1;
 }
 
 bool EndsInLineFeed(const Text &theFile)
@@ -380,29 +380,41 @@ bool MakeDirectory(const Text &theDir)
     if (!dir || name.empty() || dir->Find(name, HostIo::Kind::None))
         return false;
     const bool isProject = dir == FindDir(ProgramDir()) && IsProjectDirectory(name);
-    if (!isProject)
-        Guard(*dir, name, theDir);
-    if (!HostIo::MakeDirectory(dir->HostPath + '/' + Text(name)))
+    if (!isProject && !IsOwn(*dir, name))
         return false;
-    dir->Add(name, HostIo::Kind::Directory, true);
+    if (!HostIo::MakeDirectory(dir->HostPath + '/' + Text(name))) {
+        dir->ReadAgain();
+        return false;
+    }
+    dir->Add(name, HostIo::Kind::Directory);
     return true;
 }
 
 void Settle()
 {
-    std::vector<RuntimeFailure> failures;
-    for (Entry *entry : outstanding)
+    // Taken first: telling of a failure may come back here.
+    for (Entry *entry : std::exchange(outstanding, {}))
         if (entry->CopyOf || entry->Unwritten) {
+            const Text source = entry->CopyOf ? FromHost(entry->CopyOf->HostPath()) : "";
             try {
                 MakeOutstanding(*entry);
             } catch (const RuntimeFailure &failure) {
-                failures.push_back(failure);
+                failures.push_back("Unable to copy file:\r\n" + source + "\r\nto file:\r\n" +
+                                   FromHost(entry->HostPath()) + "\r\n\r\n" + failure.What);
             }
         }
-    outstanding.clear();
     outstandingBytes = roomAtLastLook = 0;
-    if (!failures.empty())
-        throw failures.front();
+}
+
+std::vector<Text> TakeFailures()
+{
+    return std::exchange(failures, {});
+}
+
+void LookAgain(const Text &theDir)
+{
+    if (Dir *const dir = FindDir(theDir))
+        dir->LookAgain();
 }
 
 void RecheckAfter(int theMilliseconds)

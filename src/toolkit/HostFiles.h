@@ -1,9 +1,10 @@
 // The host's files as the program knows them: paths of the form x:\dir\, names found whatever their case.
 //
 // A directory is read once and kept while it is unchanged, so that a look-up costs a hash, not a scan; the program's
-// own writes keep that memory true. A copy is remembered and made when its bytes are wanted: a file that is copied and
-// then written anew is written once. Settle makes what is outstanding; the toolkit calls it wherever somebody could
-// look: before a wait, a browser's page, the end of the program, and when the outermost gate closes.
+// own writes keep that memory true. A copy makes its file at once, but its bytes follow when they are wanted: a file
+// that is copied and then written anew is written once. Settle writes what is outstanding; the toolkit calls it
+// wherever somebody could look: before a wait, a browser's page, the end of the program, and when the outermost gate
+// closes.
 //
 // Writes outside the program directory's saved files, its project directories and their stores are refused with a
 // run-time failure. Paths: empty elements and "." are passed over, ".." is taken back by the text and never climbs
@@ -31,6 +32,8 @@ Text FromHost(const Text &theHostPath);
 Text Plain(const Text &thePath);
 // Whether thePath is theDir or lies below it when its ".." are followed.
 bool LiesIn(const Text &thePath, const Text &theDir);
+// The same for two directories that are there, with all links and drives followed.
+bool ReallyLiesIn(const Text &thePath, const Text &theDir);
 
 // True for a visible plain file. "*" and "?" in the last element are wildcards, unless a name really holds them.
 bool IsFile(const Text &thePath);
@@ -54,16 +57,21 @@ void Copy(const Text &theSource, const Text &theTarget);
 void Delete(const Text &theFile);
 // True when the file is empty or its last byte is LF.
 bool EndsInLineFeed(const Text &theFile);
-// When a file last changed; -1 when it isn't there. Never fails.
+// Tells one state of a file from another; -1 when it isn't there. Never fails.
 std::int64_t Stamp(const Text &theFile);
-// Where the bytes of a file are to be read: for a copy not yet made its source, else the file itself.
-Text Origin(const Text &theFile);
+// The host's path of the file that theFile is an outstanding copy of; empty when it isn't one. Never fails.
+Text SourceOfCopy(const Text &theFile);
 
 // Makes one directory below an existing one; false when it is there already or cannot be made.
 bool MakeDirectory(const Text &theDir);
 
-// Makes all outstanding copies. A run-time failure for the first that fails, after the others have been made.
+// Writes all that is outstanding. Never fails: what could not be written is told by TakeFailures, a message each, which
+// forgets them.
 void Settle();
+std::vector<Text> TakeFailures();
+
+// Has the directory of thePath looked at anew at the next look-up.
+void LookAgain(const Text &theDir);
 
 // How long a directory is trusted before its time of change is looked at again, in milliseconds; 0 looks each time.
 void RecheckAfter(int theMilliseconds);

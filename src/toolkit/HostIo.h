@@ -15,18 +15,26 @@ struct Listed {
     bool IsLink;
 };
 
-// When a file or directory last changed, in nanoseconds since 1970; -1 when it isn't there.
-std::int64_t ChangeStamp(const Text &thePath);
+// When a directory last changed, in nanoseconds since 1970; -1 when it isn't there.
+std::int64_t ChangeStamp(const Text &theDir);
 // What a path is, links followed.
 Kind KindOf(const Text &thePath);
-// All names in a directory but "." and ".."; false when it cannot be read. A link to a directory that holds it is
-// left out, since a walk would never come back from it.
+// What tells one directory from another, links followed; two names of one directory give the same. 0, 0 when it isn't
+// there.
+using Identity = std::pair<std::uint64_t, std::uint64_t>;
+Identity IdentityOf(const Text &thePath);
+// thePath with all links followed; empty when it isn't there.
+Text RealPath(const Text &thePath);
+// All names in a directory but "." and ".."; false when it cannot be read.
 bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames);
 
 // The whole content of a file.
 Text Read(const Text &theFile);
-// Replaces the content of a file in place, or makes it. Never follows a link in the last element.
-void Write(const Text &theFile, const Text &theContent);
+// Replaces the content of a file in place, or makes it; isNew where it isn't there yet. Never follows a link in the
+// last element.
+void Write(const Text &theFile, const Text &theContent, bool isNew);
+// Makes an empty file; a failure when there is one.
+void MakeFile(const Text &theFile);
 // Adds to the end of a file, or makes it.
 void Append(const Text &theFile, const Text &theContent);
 // Copies content alone. The target's earlier content is gone.
@@ -35,6 +43,8 @@ void Delete(const Text &theFile);
 bool MakeDirectory(const Text &theDir);
 // The size of a file that this process may read; a failure when it may not.
 std::int64_t ReadableSize(const Text &theFile);
+// Tells one state of a file from another; -1 when it isn't there.
+std::int64_t FileStamp(const Text &theFile);
 // True when the file is empty or its last byte is LF.
 bool EndsInLineFeed(const Text &theFile);
 // Bytes free to this user where theDir lies.

@@ -7,13 +7,17 @@
 #include <cstdlib>
 #include <cstring>
 #include <dirent.h>
+#include <exception>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
+#include <utility>
 #ifdef __APPLE__
 #include <mach-o/dyld.h>
+#else
+#include <mntent.h>
 #endif
 
 namespace
@@ -32,7 +36,11 @@ public:
         if (handle < 0)
             FailHere(path);
     }
-    ~Opened() { close(handle); }
+    ~Opened()
+    {
+        if (handle >= 0)
+            close(handle);
+    }
     Opened(const Opened &) = delete;
     Opened &operator=(const Opened &) = delete;
 
@@ -44,6 +52,13 @@ public:
         if (fstat(handle, &Result) != 0)
             FailHere(path);
         return Result;
+    }
+
+    // Closes what was written: some file systems tell only then that it could not be.
+    void Finish()
+    {
+        if (close(std::exchange(handle, -1)) != 0)
+            FailHere(path);
     }
 
     void WriteAll(const Text &theContent) const
@@ -74,12 +89,14 @@ HostIo::Kind KindOfMode(mode_t theMode)
     return S_ISREG(theMode) ? HostIo::Kind::File : S_ISDIR(theMode) ? HostIo::Kind::Directory : HostIo::Kind::Other;
 }
 
-Text RealPath(const Text &thePath)
+std::int64_t ChangeTime(const struct stat &theFacts)
 {
-    char *real = realpath(thePath.c_str(), nullptr);
-    const Text Result = real ? real : "";
-    std::free(real);
-    return Result;
+#ifdef __APPLE__
+    const timespec &time = theFacts.st_mtimespec;
+#else
+    const timespec &time = theFacts.st_mtim;
+#endif
+    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
 constexpr int newOrOld = O_WRONLY | O_CREAT | O_NOFOLLOW;
@@ -87,17 +104,16 @@ constexpr int newOrOld = O_WRONLY | O_CREAT | O_NOFOLLOW;
 
 namespace HostIo
 {
-std::int64_t ChangeStamp(const Text &thePath)
+std::int64_t ChangeStamp(const Text &theDir)
 {
     struct stat facts;
-    if (stat(thePath.c_str(), &facts) != 0)
-        return -1;
-#ifdef __APPLE__
-    const timespec &time = facts.st_mtimespec;
-#else
-    const timespec &time = facts.st_mtim;
-#endif
-    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+    return stat(theDir.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode) ? -1 : ChangeTime(facts);
+}
+
+std::int64_t FileStamp(const Text &theFile)
+{
+    struct stat facts;
+    return stat(theFile.c_str(), &facts) != 0 ? -1 : ChangeTime(facts) ^ (facts.st_size << 1);
 }
 
 Kind KindOf(const Text &thePath)
@@ -106,12 +122,27 @@ Kind KindOf(const Text &thePath)
     return stat(thePath.c_str(), &facts) != 0 ? Kind::None : KindOfMode(facts.st_mode);
 }
 
+Identity IdentityOf(const Text &thePath)
+{
+    struct stat facts;
+    if (stat(thePath.c_str(), &facts) != 0)
+        return {0, 0};
+    return {static_cast<std::uint64_t>(facts.st_dev), static_cast<std::uint64_t>(facts.st_ino)};
+}
+
+Text RealPath(const Text &thePath)
+{
+    char *real = realpath(thePath.c_str(), nullptr);
+    const Text Result = real ? real : "";
+    std::free(real);
+    return Result;
+}
+
 bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames)
 {
     const std::unique_ptr<DIR, int (*)(DIR *)> dir(opendir(theDir.c_str()), closedir);
     if (!dir)
         return false;
-    Text real;
     while (const dirent *row = readdir(dir.get())) {
         const Text name = row->d_name;
         if (name == "." || name == "..")
@@ -126,15 +157,6 @@ bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames)
             struct stat facts;
             one.IsLink = lstat(path.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode);
             one.What = KindOf(path);
-            if (one.IsLink && one.What == Kind::Directory) {
-                if (real.empty())
-                    real = RealPath(theDir) + '/';
-                Text target = RealPath(path);
-                if (target.empty() || target.back() != '/')
-                    target += '/';
-                if (real.compare(0, target.size(), target) == 0)
-                    one.What = Kind::Other;
-            }
         }
         theNames.push_back(std::move(one));
     }
@@ -144,7 +166,12 @@ bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames)
 Text Read(const Text &theFile)
 {
     const Opened file(theFile, O_RDONLY);
-    Text Result(static_cast<std::size_t>(file.Facts().st_size), '\0');
+    Text Result;
+    try {
+        Result.resize(static_cast<std::size_t>(file.Facts().st_size));
+    } catch (const std::exception &) {
+        Fail("the file is too large", theFile);
+    }
     std::size_t done = 0;
     for (;;) {
         // A file that grows meanwhile, or that tells no size, is read to its end all the same.
@@ -162,27 +189,45 @@ Text Read(const Text &theFile)
     return Result;
 }
 
-void Write(const Text &theFile, const Text &theContent)
+void Write(const Text &theFile, const Text &theContent, bool isNew)
 {
-    // In place and cut afterwards: emptying a file first costs three times as much.
-    const Opened file(theFile, newOrOld);
+    // An old file is written in place and cut afterwards: emptying it first costs three times as much.
+    Opened file(theFile, newOrOld | (isNew ? O_TRUNC : 0));
+    if (!isNew && file.Facts().st_nlink > 1) {
+        // The same file stands elsewhere under another name, and is to stay as it is there.
+        Delete(theFile);
+        Write(theFile, theContent, true);
+        return;
+    }
     file.WriteAll(theContent);
-    CutTo(file, theFile, static_cast<std::int64_t>(theContent.size()));
+    if (!isNew)
+        CutTo(file, theFile, static_cast<std::int64_t>(theContent.size()));
+    file.Finish();
+}
+
+void MakeFile(const Text &theFile)
+{
+    Opened(theFile, newOrOld | O_EXCL).Finish();
 }
 
 void Append(const Text &theFile, const Text &theContent)
 {
-    const Opened file(theFile, newOrOld | O_APPEND);
+    Opened file(theFile, newOrOld | O_APPEND);
     file.WriteAll(theContent);
+    file.Finish();
 }
 
 void Copy(const Text &theSource, const Text &theTarget)
 {
     const Opened source(theSource, O_RDONLY);
-    const Opened target(theTarget, newOrOld);
-    const struct stat from = source.Facts(), to = target.Facts();
-    if (from.st_dev == to.st_dev && from.st_ino == to.st_ino)
+    if (IdentityOf(theSource) == IdentityOf(theTarget))
         return;  // a file onto itself
+    Opened target(theTarget, newOrOld);
+    if (target.Facts().st_nlink > 1) {
+        Delete(theTarget);
+        Copy(theSource, theTarget);
+        return;
+    }
     std::int64_t done = 0;
     char block[65536];
     for (;;) {
@@ -202,6 +247,7 @@ void Copy(const Text &theSource, const Text &theTarget)
             done += got;
     }
     CutTo(target, theTarget, done);
+    target.Finish();
 }
 
 void Delete(const Text &theFile)
@@ -255,14 +301,20 @@ std::vector<std::pair<char, Text>> Drives()
 {
     std::vector<std::pair<char, Text>> Result{{'c', ""}};
     std::vector<Text> volumes;
-    if (std::FILE *mounts = std::fopen("/proc/self/mounts", "re")) {
-        char device[PATH_MAX], place[PATH_MAX];
-        while (std::fscanf(mounts, "%4095s %4095s %*[^\n]", device, place) == 2)
+#ifdef __APPLE__
+    std::vector<Listed> names;
+    ReadDirectory("/Volumes", names);
+    for (const Listed &name : names)
+        volumes.push_back("/Volumes/" + name.Name);
+#else
+    if (std::FILE *mounts = setmntent("/proc/self/mounts", "re")) {
+        while (const mntent *mount = getmntent(mounts))
             for (const char *root : {"/media/", "/mnt/", "/run/media/"})
-                if (std::strncmp(place, root, std::strlen(root)) == 0)
-                    volumes.emplace_back(place);
-        std::fclose(mounts);
+                if (std::strncmp(mount->mnt_dir, root, std::strlen(root)) == 0)
+                    volumes.emplace_back(mount->mnt_dir);
+        endmntent(mounts);
     }
+#endif
     std::sort(volumes.begin(), volumes.end());
     for (const Text &volume : volumes)
         if (Result.back().first < 'z')

@@ -16,6 +16,8 @@ struct PlaceHash {
 // Directories by the very text that asked for them.
 std::unordered_map<Text, Dir *, PlaceHash, std::equal_to<>> places;
 std::unique_ptr<Dir> hostRoot;
+// Directories that went and came back are remembered anew; outstanding copies may still name what was in the old ones.
+std::vector<std::unique_ptr<Dir>> goneDirs;
 
 std::int64_t Milliseconds()
 {
@@ -77,10 +79,15 @@ std::size_t FoldHash::operator()(std::string_view theName) const
     return hash ^ (hash >> 32);
 }
 
+void Dir::Wrote()
+{
+    lastWrite = WallNanoseconds();
+}
+
 void Dir::Recheck()
 {
     const std::int64_t now = Milliseconds();
-    if (isRead && RecheckMilliseconds > 0 && now - lastLook < RecheckMilliseconds)
+    if (isTrusted && RecheckMilliseconds > 0 && now - lastLook < RecheckMilliseconds)
         return;
     lastLook = now;
     const std::int64_t changed = HostIo::ChangeStamp(HostPath.empty() ? "/" : HostPath);
@@ -89,47 +96,58 @@ void Dir::Recheck()
         ForgetPlaces();
         return;
     }
-    if (isRead && !isFresh && (changed == stamp || ownChange)) {
-        stamp = changed;
-        ownChange = false;
-        return;
-    }
+    // A change up to the program's own last one is taken for that.
+    const bool isKnown = changed == stamp || changed <= lastWrite;
     stamp = changed;
-    ownChange = false;
-    isFresh = WallNanoseconds() - changed < 50'000'000;
+    if (isTrusted && !isFresh && isKnown)
+        return;
+    isTrusted = true;
+    isFresh = changed > lastWrite && WallNanoseconds() - changed < 50'000'000;
     ReadAnew();
+}
+
+// A walk would never come back from a link to one of the directories on the way to it.
+bool Dir::HoldsItself(const HostIo::Listed &theName) const
+{
+    if (!theName.IsLink || theName.What != HostIo::Kind::Directory)
+        return false;
+    const HostIo::Identity target = HostIo::IdentityOf(HostPath + '/' + theName.Name);
+    for (const Dir *dir = this; dir; dir = dir->Parent())
+        if (HostIo::IdentityOf(dir->HostPath.empty() ? "/" : dir->HostPath) == target)
+            return true;
+    return false;
 }
 
 void Dir::ReadAnew()
 {
     std::vector<HostIo::Listed> listed;
     isReadable = HostIo::ReadDirectory(HostPath.empty() ? "/" : HostPath, listed);
-    isRead = true;
     ForgetListings();
     std::unordered_set<std::string_view> there;
     for (const HostIo::Listed &one : listed)
         there.insert(one.Name);
     bool placesChanged = false;
     for (auto entry = entries.begin(); entry != entries.end();) {
-        const bool outstanding = !(*entry)->OnDisk;
-        if (outstanding || there.contains((*entry)->Name)) {
+        if (there.contains((*entry)->Name)) {
             ++entry;
             continue;
         }
         placesChanged |= (*entry)->What == HostIo::Kind::Directory;
         Drop(std::move(entries.extract(entry++).value()));
     }
-    for (const HostIo::Listed &one : listed) {
+    for (HostIo::Listed &one : listed) {
+        if (HoldsItself(one))
+            one.What = HostIo::Kind::Other;
         const auto same = entries.equal_range(std::string_view(one.Name));
         const auto known = std::find_if(same.first, same.second, [&](const auto &e) { return e->Name == one.Name; });
-        if (known != same.second && (*known)->What == one.What && (*known)->IsLink == one.IsLink) {
-            (*known)->OnDisk = true;
+        if (known != same.second && (*known)->What == one.What && (*known)->IsLink == one.IsLink)
             continue;
-        }
         placesChanged |= one.What == HostIo::Kind::Directory;
-        if (known != same.second)
+        if (known != same.second) {
+            placesChanged |= (*known)->What == HostIo::Kind::Directory;
             Drop(std::move(entries.extract(known).value()));
-        entries.insert(std::make_unique<Entry>(Entry{one.Name, one.What, one.IsLink, true, this}));
+        }
+        entries.insert(std::make_unique<Entry>(Entry{one.Name, one.What, one.IsLink, this}));
     }
     if (placesChanged)
         ForgetPlaces();
@@ -158,7 +176,7 @@ Entry *Dir::Find(std::string_view theName, HostIo::Kind theKind)
     if (!Result && !isReadable && !theName.empty()) {
         const HostIo::Kind kind = HostIo::KindOf(HostPath + '/' + Text(theName));
         if (kind != HostIo::Kind::None && (theKind == HostIo::Kind::None || kind == theKind))
-            Result = &Add(theName, kind, true);
+            Result = &Add(theName, kind);
     }
     return Result;
 }
@@ -168,18 +186,22 @@ Dir *Dir::Enter(std::string_view theName)
     Entry *entry = Find(theName, HostIo::Kind::Directory);
     if (!entry)
         return nullptr;
-    if (!entry->Sub || entry->Sub->Gone)
+    if (entry->Sub && entry->Sub->Gone)
+        goneDirs.push_back(std::move(entry->Sub));
+    if (!entry->Sub)
         entry->Sub = std::make_unique<Dir>(entry->HostPath(), entry);
     entry->Sub->Recheck();
-    return entry->Sub->Gone ? nullptr : entry->Sub.get();
+    if (!entry->Sub->Gone)
+        return entry->Sub.get();
+    ReadAgain();  // it is no longer in here
+    return nullptr;
 }
 
-Entry &Dir::Add(std::string_view theName, HostIo::Kind theKind, bool isOnDisk)
+Entry &Dir::Add(std::string_view theName, HostIo::Kind theKind)
 {
     ForgetListings();
-    if (isOnDisk)
-        Wrote();
-    return **entries.insert(std::make_unique<Entry>(Entry{Text(theName), theKind, false, isOnDisk, this}));
+    Wrote();
+    return **entries.insert(std::make_unique<Entry>(Entry{Text(theName), theKind, false, this}));
 }
 
 void Dir::Remove(Entry &theEntry)
@@ -200,7 +222,8 @@ HostFiles::Names Dir::Listing(HostIo::Kind theKind)
     if (!kept) {
         std::vector<Text> names;
         for (const auto &entry : entries)
-            if (entry->What == theKind && entry->Name[0] != '.' && entry->Name.find('\\') == Text::npos)
+            // Where names may not be read, those that were asked for are no listing.
+            if (isReadable && entry->What == theKind && entry->Name[0] != '.' && entry->Name.find('\\') == Text::npos)
                 names.push_back(entry->Name);
         std::sort(names.begin(), names.end(), [](const Text &a, const Text &b) {
             const int order = CompareIgnoringCase(a, b);
@@ -264,5 +287,6 @@ void ForgetAll()
 {
     places.clear();
     hostRoot.reset();
+    goneDirs.clear();
 }
 }  // namespace HostMemory

@@ -7,16 +7,16 @@
 
 namespace HostMemory
 {
+extern int RecheckMilliseconds;
 struct Dir;
 
 struct Entry {
     Text Name;
     HostIo::Kind What;
     bool IsLink;
-    bool OnDisk;
     Dir *In;
     std::unique_ptr<Dir> Sub = {};         // made when it is first entered
-    const Entry *CopyOf = nullptr;         // a copy not yet made
+    const Entry *CopyOf = nullptr;         // a copy whose bytes are outstanding; its file is there, empty
     std::unique_ptr<Text> Unwritten = {};  // added text not yet on the disk
     std::int64_t Size = -1;                // of a file that could be read, once a copy of it was asked for
 
@@ -55,17 +55,21 @@ struct Dir {
     Entry *Find(std::string_view theName, HostIo::Kind theKind);
     // The subdirectory of that name, null when there is none.
     Dir *Enter(std::string_view theName);
-    // Notes a file or directory that the program itself makes; isOnDisk false for a copy to be made.
-    Entry &Add(std::string_view theName, HostIo::Kind theKind, bool isOnDisk);
+    // Notes a file or directory that the program itself made.
+    Entry &Add(std::string_view theName, HostIo::Kind theKind);
     // Notes that the program itself deleted it.
     void Remove(Entry &theEntry);
-    // Notes that the program itself wrote here, so that the change isn't taken for somebody else's.
-    void Wrote() { ownChange = true; }
+    // Looks at the time of change at the next look-up, or reads the directory anew whatever that says.
+    void LookAgain() { lastLook = -RecheckMilliseconds; }
+    void ReadAgain() { isTrusted = false; }
     HostFiles::Names Listing(HostIo::Kind theKind);
 
 private:
     void ReadAnew();
+    bool HoldsItself(const HostIo::Listed &theName) const;
     void Drop(std::unique_ptr<Entry> theEntry);
+    // Notes that the program itself changed the names here, so that it isn't taken for somebody else's doing.
+    void Wrote();
     void ForgetListings() { files = directories = nullptr; }
 
     std::unordered_multiset<std::unique_ptr<Entry>, FoldHash, FoldEqual> entries;
@@ -74,10 +78,11 @@ private:
     HostFiles::Names files, directories;
     bool isRead = false;
     bool isReadable = false;
-    bool ownChange = false;
+    bool isTrusted = false;
     bool isFresh = false;  // read so soon after its last change that another one could bear the same time
     std::int64_t stamp = -1;
     std::int64_t lastLook = 0;
+    std::int64_t lastWrite = -1;  // by the program itself, by the wall clock
 };
 
 // The directory that a path of the program names; null when there is none.
@@ -89,6 +94,4 @@ Dir *FindParent(std::string_view thePath, std::string_view &theName);
 void ForgetPlaces();
 // Forgets everything; nothing may be outstanding.
 void ForgetAll();
-
-extern int RecheckMilliseconds;
 }  // namespace HostMemory

@@ -51,6 +51,8 @@ Presentation &ThePresentation();
 // could not be done just now: the screen isn't showing, the control is hidden or disabled, the timer is off or its
 // handler is still running, the frame may not be closed.
 bool StartProgram(Form &theFirstForm);
+// Whether a user could use the control now: it and its screen are showing, it is enabled, its menu can be reached.
+bool CanReach(const Control &theControl);
 bool UserClick(Control &theControl);
 bool UserDoubleClick(ListBox &theList);
 bool UserKey(TextBox &theBox, char theKey);           // a printing key at the end of the text, or Enter as '\r'

@@ -1,0 +1,197 @@
+// The host's files as the program sees them: names, the memory of directories, copies that wait, writes refused.
+#include "TestSite.h"
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using namespace HostFiles;
+using Pairs = std::vector<std::pair<Text, Text>>;
+
+namespace
+{
+struct Host : TestSite {
+    Host() { StartProject(); }
+    // A path in the project's directory, and what the disk holds there.
+    static Text In(const Text &theRest) { return ProgramDir() + "\\0001\\" + theRest; }
+    Text Now(const Text &theFile) const { return OnDisk("0001/" + theFile); }
+    static Text Joined(const Names &theNames)
+    {
+        Text Result;
+        for (const Text &name : *theNames)
+            Result.append(name).append(" ");
+        return Result;
+    }
+    // Lets so much time pass that a directory isn't taken for one that is just being changed.
+    static void Rest() { std::this_thread::sleep_for(std::chrono::milliseconds(70)); }
+};
+}  // namespace
+
+TEST_F(Host, PathsLeadToNamesWhateverTheirCase)
+{
+    for (const auto &[file, content] : Pairs{{"Dir/a.HTM", "small"}, {"Dir/A.htm", "capital"}, {"root.htm", "root"}})
+        Put(file, content);
+    for (const auto &[path, content] : Pairs{{"x:\\Dir\\a.HTM", "small"}, {"X:\\DIR\\a.htm", "capital"},
+             {"x:/dir/A.htm", "capital"}, {"x:\\\\dir\\.\\no\\..\\a.HTM", "small"}, {"x:\\..\\..\\ROOT.HTM", "root"},
+             {"x:\\dir\\..\\..\\..\\root.htm", "root"}, {FromHost((site / "root.htm").string()), "root"}})
+        EXPECT_TRUE(IsFile(path) && Read(path) == content) << path;
+    for (const char *path : {"x:", "x:\\", "x:\\dir", "X:\\DIR\\\\", "x:\\dir\\no\\..", "x:/dir/"})
+        EXPECT_TRUE(IsDirectory(path) && !IsFile(path)) << path;
+    for (const char *path : {"", "x", "q:\\root.htm", "x:root.htm", "root.htm", "x:\\root.htm\\", "x:dir", "dir"})
+        EXPECT_FALSE(IsDirectory(path) || IsFile(path)) << path;
+    EXPECT_TRUE(DriveExists("X:\\any") && !DriveExists("q:") && !DriveExists("x"));
+    EXPECT_EQ(ToHost("X:\\dir\\new.htm") + FromHost("/a/b/"), (site / "Dir/new.htm").string() + "c:\\a\\b");
+    for (const auto &[path, plain] : Pairs{{"x:\\a\\.\\b\\\\c\\", "x:\\a\\b\\c"}, {"x:", "x:\\"},
+             {"x:\\..\\a", "x:\\a"}, {"x:\\a\\..", "x:\\"}, {"x:/a/b/..\\c", "x:\\a\\c"}, {"x:\\...", "x:\\..."}})
+        EXPECT_EQ(Plain(path), plain) << path;
+    EXPECT_TRUE(LiesIn("x:\\A\\b", "x:\\a\\") && LiesIn("x:\\a", "X:\\a") && LiesIn("x:\\a", "x:\\"));
+    EXPECT_FALSE(LiesIn("x:\\ab", "x:\\a") || LiesIn("x:\\a\\..\\b", "x:\\a") || LiesIn("x:\\", "x:\\a"));
+}
+
+TEST_F(Host, ListingsHoldWhatAUserSees)
+{
+    for (const char *file : {"b.htm", "A.htm", "a.htm", ".hidden", "back\\slash", "Sub/x", "sub2/y", ".dir/z", "w*d"})
+        Put(file);
+    for (const auto &[target, link] : std::vector<std::pair<fs::path, Text>>{
+             {site, "around"}, {program, "above"}, {"Sub", "beside"}, {"b.htm", "to b"}, {"gone", "dangling"}})
+        fs::create_symlink(target, site / link);
+    ASSERT_EQ(mkfifo((site / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Joined(Files("x:\\")) + Joined(Directories("x:\\")), "A.htm a.htm b.htm to b w*d beside Sub sub2 ");
+    for (const char *name : {"x:\\*.htm", "x:\\???", "x:\\W*D", "x:\\b.*", "x:\\sub\\*", "x:\\beside\\x", "x:\\*m"})
+        EXPECT_TRUE(IsFile(name)) << name;
+    for (const char *name :
+        {"x:\\.hidden", "x:\\.*", "x:\\*.ht", "x:\\su*", "x:\\*\\x", "x:\\pipe", "x:\\dangling", "x:\\??"})
+        EXPECT_FALSE(IsFile(name)) << name;
+    EXPECT_THROW(Read("x:\\*.htm"), RuntimeFailure) << "only a look-up knows wildcards";
+}
+
+TEST_F(Host, MemorySeesEveryChange)
+{
+    for (const int milliseconds : {0, 1'000'000}) {
+        RecheckAfter(milliseconds);
+        EXPECT_FALSE(IsFile(In("a.htm")) || IsDirectory(In("d")));
+        const Names before = Files(In(""));
+        Append(In("b.htm"), "one");
+        Write(In("a.htm"), "one");
+        EXPECT_TRUE(MakeDirectory(In("d")) && IsDirectory(In("D\\")) && !MakeDirectory(In("D")));
+        EXPECT_FALSE(MakeDirectory(In("A.htm")) || MakeDirectory(In("no\\e")));
+        EXPECT_EQ(Joined(Files(In(""))) + Joined(Directories(In(""))), "a.htm b.htm d ");
+        EXPECT_TRUE(before->empty()) << "a listing stays what it was when it was taken";
+        Write(In("A.HTM"), "2");
+        Write(In("D\\c.htm"), "in d");
+        EXPECT_EQ(Now("a.htm") + Now("A.HTM") + Now("d/c.htm") + Read(In("a.htm")), "2(none)in d2");
+        Delete(In("a.htm"));
+        EXPECT_FALSE(IsFile(In("a.htm")));
+        Delete(In("b.htm"));
+        RecheckAfter(0);
+        fs::remove_all(program / "0001/d");
+        EXPECT_FALSE(IsDirectory(In("d")));
+    }
+    Rest();
+    EXPECT_FALSE(IsFile(In("own.htm")) || IsFile("x:\\d\\a.htm"));
+    Put("d/a.htm");
+    EXPECT_TRUE(IsFile("x:\\d\\A.htm"));
+    fs::rename(site / "d/a.htm", site / "d/c.htm");
+    EXPECT_EQ(Joined(Files("x:\\d")), "c.htm ");
+    fs::remove_all(site / "d");
+    EXPECT_FALSE(IsFile("x:\\d\\c.htm") || IsDirectory("x:\\d"));
+    Put("d/b.htm", "new");
+    EXPECT_EQ(Read("x:\\d\\b.htm") + Joined(Files("x:\\d")), "newb.htm ");
+    Write(In("own.htm"), "own");
+    Rest();
+    PutAt(program / "0001/other.htm", "another's");
+    EXPECT_EQ(Joined(Files(In(""))), "other.htm own.htm ");
+}
+
+TEST_F(Host, CopiesAndAddedTextMayWait)
+{
+    Put("a.htm", "of the site");
+    Put("b.htm", "another");
+    PutAt(program / "0001/there.htm", "longer than what comes");
+    for (const char *target : {"a.htm", "written.htm", "twice.htm", "deleted.htm", "longer.htm"})
+        Copy("x:\\a.htm", In(target));
+    EXPECT_EQ(Now("a.htm"), "") << "there at once, its bytes follow";
+    EXPECT_EQ(Read(In("a.htm")) + SourceOfCopy(In("a.htm")), "of the site" + (site / "a.htm").string());
+    Write(In("WRITTEN.htm"), "over");
+    Copy("x:\\b.htm", In("Twice.htm"));
+    Delete(In("deleted.htm"));
+    EXPECT_FALSE(IsFile(In("deleted.htm")) || EndsInLineFeed(In("a.htm")));
+    Append(In("longer.htm"), " and more");
+    Copy(In("a.htm"), In("copied on.htm"));
+    Write(In("a.htm"), "changed");
+    Copy(In("copied on.htm"), In("COPIED ON.htm"));
+    Copy("x:\\b.htm", In("THERE.htm"));
+    for (int i = 0; i < 30000; ++i)
+        Append(In("rows.sav"), "abc\n");
+    EXPECT_TRUE(EndsInLineFeed(In("rows.sav")) && Now("rows.sav").size() < 120000) << "not a write a row";
+    EXPECT_EQ(Read(In("rows.sav")).size(), 120000u);
+    Write(In("rows.sav"), "new");
+    Append(In("rows.sav"), " and");
+    Settle();
+    for (const auto &[file, content] : Pairs{{"a.htm", "changed"}, {"written.htm", "over"}, {"twice.htm", "another"},
+             {"deleted.htm", "(none)"}, {"longer.htm", "of the site and more"}, {"copied on.htm", "of the site"},
+             {"there.htm", "another"}, {"THERE.htm", "(none)"}, {"rows.sav", "new and"}})
+        EXPECT_EQ(Now(file), content) << file;
+    EXPECT_TRUE(TakeFailures().empty() && SourceOfCopy(In("twice.htm")).empty());
+}
+
+TEST_F(Host, CopiesThatCannotBeMadeSaySo)
+{
+    Put("a.htm", "a");
+    Put("b.htm", "b");
+    fs::create_directory(program / "0001/d");
+    for (const Text &target : {In("d"), In("d\\"), In("no\\a.htm"), In(""), In(Text(300, 'n')), Text("a.htm")})
+        EXPECT_THROW(Copy("x:\\a.htm", target), RuntimeFailure) << target;
+    for (const char *source : {"x:\\gone.htm", "x:\\", "x:\\*.htm", ""})
+        EXPECT_THROW(Copy(source, In("a.htm")), RuntimeFailure) << source;
+    fs::permissions(site / "b.htm", fs::perms::none);
+    if (geteuid() != 0) {
+        EXPECT_THROW(Copy("x:\\b.htm", In("b.htm")), RuntimeFailure) << "when it is asked for, not later";
+    }
+    fs::permissions(site / "b.htm", fs::perms::owner_all);
+    EXPECT_TRUE(Files(In(""))->empty());
+    Rest();
+    for (const char *target : {"d\\a.htm", "a.htm"})
+        Copy("x:\\a.htm", In(target));
+    Copy("x:\\b.htm", In("b.htm"));
+    fs::remove_all(program / "0001/d");
+    fs::remove(site / "a.htm");
+    EXPECT_FALSE(IsFile(In("d\\a.htm")) || IsFile("x:\\a.htm"));
+    Settle();
+    const std::vector<Text> failures = TakeFailures();
+    EXPECT_TRUE(failures.size() == 2 && failures[0].starts_with("Unable to copy file:\r\n") && TakeFailures().empty());
+    EXPECT_EQ(Now("b.htm"), "b") << "the others are made";
+    EXPECT_TRUE(MakeDirectory(In("d")));
+}
+
+TEST_F(Host, NothingIsWrittenOutsideTheProjects)
+{
+    const std::vector<Text> kept = {"domains.lst", "notes/a.htm", "0001x/a.htm", "12/a.htm", "site on x/a.htm"};
+    for (const Text &file : kept)
+        PutAt(program / file, "kept");
+    Put("b.htm");
+    fs::create_symlink(site, program / "0001/link");
+    fs::create_symlink(site, program / "0003");
+    fs::create_symlink(site / "a.htm", program / "0001/link.htm");
+    fs::create_hard_link(site / "a.htm", program / "0001/hard.htm");
+    for (const char *path :
+        {"..\\site on x\\a.htm", "..\\domains.lst", "../domains.lst", "d\\..\\..\\domains.lst", "..\\new.txt",
+            "..\\imgs\\btnNext.jpg", "..\\notes\\a.htm", "..\\0001x\\a.htm", "..\\12\\a.htm", "..\\0003\\a.htm",
+            "..\\..\\new.sav", "link\\a.htm", "link\\new.htm", "LINK.htm", "link\\..\\..\\domains.lst", "..\\0001"}) {
+        const Text file = In(path);
+        EXPECT_THROW(Write(file, "spoilt"), RuntimeFailure) << file;
+        EXPECT_THROW(Append(file, "spoilt"), RuntimeFailure) << file;
+        EXPECT_THROW(Copy("x:\\b.htm", file), RuntimeFailure) << file;
+        EXPECT_THROW(Delete(file), RuntimeFailure) << file;
+        EXPECT_FALSE(MakeDirectory(file)) << file;
+    }
+    Write(In("hard.htm"), "of the project");
+    Settle();
+    for (const Text &file : kept)
+        EXPECT_EQ(OnDisk(file), "kept") << file;
+    EXPECT_EQ(Joined(Files("x:\\")) + Now("hard.htm"), "a.htm b.htm of the project");
+    for (const char *path : {"..\\variables.sav", "..\\Last.chk", "a.htm", "..\\0001_store\\a", "link\\..\\b.htm"}) {
+        Write(In(path), "new");
+        EXPECT_EQ(Read(In(path)), "new") << path;
+    }
+}
