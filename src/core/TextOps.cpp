@@ -121,6 +121,8 @@ double NumberAtStart(const Text &theText)
 Text NumberText(double theNumber)
 {
     char digits[400];
+    if (theNumber == 0)
+        theNumber = 0;  // not "-0"
     const auto end = std::to_chars(digits, digits + sizeof digits, theNumber, std::chars_format::fixed);
     return Text(digits, end.ptr);
 }

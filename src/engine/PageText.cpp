@@ -39,12 +39,15 @@ Text ReplaceInOnePass(const Text &thePage, const Replacements &theReplacements)
             continue;
         std::size_t from = quote + 1;  // what stands behind the quote by now: put, then the page from here on
         std::string_view put;
-        for (const Replacement &one : theReplacements)
-            if (put.empty() && page.substr(0, quote).ends_with(one.Before) &&
-                page.substr(from).starts_with(one.After)) {
+        for (const Replacement &one : theReplacements) {
+            // All of them begin with a character of their own behind the quote, which few quotes have.
+            if (!put.empty() || from >= page.size() || page[from] != one.After[0])
+                continue;
+            if (page.substr(0, quote).ends_with(one.Before) && page.substr(from).starts_with(one.After)) {
                 from += one.After.size();
                 put = one.Replacement;
             }
+        }
         if (from == quote + 1 && put.empty())
             continue;
         Result.append(page, copied, quote + 1 - copied);

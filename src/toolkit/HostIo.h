@@ -15,14 +15,19 @@ struct Listed {
     bool IsLink;
 };
 
-// When a directory last changed, in nanoseconds since 1970; -1 when it isn't there.
-std::int64_t ChangeStamp(const Text &theDir);
 // What a path is, links followed.
 Kind KindOf(const Text &thePath);
 // What tells one directory from another, links followed; two names of one directory give the same. 0, 0 when it isn't
 // there.
 using Identity = std::pair<std::uint64_t, std::uint64_t>;
 Identity IdentityOf(const Text &thePath);
+// When a directory last changed, in nanoseconds since 1970, and its identity; a time of -1 when there is no such
+// directory.
+struct DirectoryFacts {
+    std::int64_t Changed = -1;
+    Identity Id = {};
+};
+DirectoryFacts LookAt(const Text &theDir);
 // thePath with all links followed; empty when it isn't there.
 Text RealPath(const Text &thePath);
 // All names in a directory but "." and ".."; false when it cannot be read.

@@ -89,6 +89,11 @@ HostIo::Kind KindOfMode(mode_t theMode)
     return S_ISREG(theMode) ? HostIo::Kind::File : S_ISDIR(theMode) ? HostIo::Kind::Directory : HostIo::Kind::Other;
 }
 
+HostIo::Identity IdentityOfFacts(const struct stat &theFacts)
+{
+    return {static_cast<std::uint64_t>(theFacts.st_dev), static_cast<std::uint64_t>(theFacts.st_ino)};
+}
+
 std::int64_t ChangeTime(const struct stat &theFacts)
 {
 #ifdef __APPLE__
@@ -104,10 +109,12 @@ constexpr int newOrOld = O_WRONLY | O_CREAT | O_NOFOLLOW;
 
 namespace HostIo
 {
-std::int64_t ChangeStamp(const Text &theDir)
+DirectoryFacts LookAt(const Text &theDir)
 {
     struct stat facts;
-    return stat(theDir.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode) ? -1 : ChangeTime(facts);
+    if (stat(theDir.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode))
+        return {};
+    return {ChangeTime(facts), IdentityOfFacts(facts)};
 }
 
 std::int64_t FileStamp(const Text &theFile)
@@ -125,9 +132,7 @@ Kind KindOf(const Text &thePath)
 Identity IdentityOf(const Text &thePath)
 {
     struct stat facts;
-    if (stat(thePath.c_str(), &facts) != 0)
-        return {0, 0};
-    return {static_cast<std::uint64_t>(facts.st_dev), static_cast<std::uint64_t>(facts.st_ino)};
+    return stat(thePath.c_str(), &facts) != 0 ? Identity() : IdentityOfFacts(facts);
 }
 
 Text RealPath(const Text &thePath)
@@ -213,6 +218,13 @@ void MakeFile(const Text &theFile)
 void Append(const Text &theFile, const Text &theContent)
 {
     Opened file(theFile, newOrOld | O_APPEND);
+    if (file.Facts().st_nlink > 1) {
+        // The same file stands elsewhere under another name, and is to stay as it is there.
+        const Text content = Read(theFile);
+        Delete(theFile);
+        Write(theFile, content + theContent, true);
+        return;
+    }
     file.WriteAll(theContent);
     file.Finish();
 }

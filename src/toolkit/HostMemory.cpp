@@ -90,8 +90,10 @@ void Dir::Recheck()
     if (isTrusted && RecheckMilliseconds > 0 && now - lastLook < RecheckMilliseconds)
         return;
     lastLook = now;
-    const std::int64_t changed = HostIo::ChangeStamp(HostPath.empty() ? "/" : HostPath);
-    Gone = changed < 0;
+    const auto [changed, id] = HostIo::LookAt(HostPath.empty() ? "/" : HostPath);
+    // Another directory, or a link, in the place of this one is no longer this one.
+    Gone = changed < 0 || (isTrusted && id != identity);
+    identity = id;
     if (Gone) {
         ForgetPlaces();
         return;
@@ -113,7 +115,7 @@ bool Dir::HoldsItself(const HostIo::Listed &theName) const
         return false;
     const HostIo::Identity target = HostIo::IdentityOf(HostPath + '/' + theName.Name);
     for (const Dir *dir = this; dir; dir = dir->Parent())
-        if (HostIo::IdentityOf(dir->HostPath.empty() ? "/" : dir->HostPath) == target)
+        if (dir->identity == target)
             return true;
     return false;
 }

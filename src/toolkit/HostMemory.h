@@ -76,11 +76,11 @@ private:
     // Entries that are gone are kept, since outstanding copies may still name them.
     std::vector<std::unique_ptr<Entry>> dropped;
     HostFiles::Names files, directories;
-    bool isRead = false;
     bool isReadable = false;
     bool isTrusted = false;
     bool isFresh = false;  // read so soon after its last change that another one could bear the same time
     std::int64_t stamp = -1;
+    HostIo::Identity identity = {};
     std::int64_t lastLook = 0;
     std::int64_t lastWrite = -1;  // by the program itself, by the wall clock
 };

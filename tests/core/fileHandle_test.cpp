@@ -68,7 +68,7 @@ TEST_F(FileServices, ListsAreLoadedAndSaved)
         EXPECT_EQ(list.Rows(), rows) << content;
     }
     list.AddItem("by hand");
-    EXPECT_EQ(LoadListFromFile("lst", "W", list) + list.ListCount(), 2) << "filled anew";
+    EXPECT_EQ(LoadListFromFile("lst", "w", list) + list.ListCount(), 2) << "filled anew";
     Text many;
     for (int i = 0; i < 30005; ++i)
         many += std::to_string(i) + CRLF;

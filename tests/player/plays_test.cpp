@@ -1,8 +1,8 @@
 // Plays every script of tests/plays with the real program, each in a program directory of its own.
 //
 // The head of a script may hold, for this test alone:
-//   #with PATH [TEXT]   makes a file of the program directory, or a directory where PATH ends in "/"; \r\n in TEXT is one
-//   #exit N             the exit status that is expected instead of 0
+//   #with PATH [TEXT]   makes a file of the program directory, or a directory where PATH ends in "/"; \r\n in TEXT is
+//   one #exit N             the exit status that is expected instead of 0
 #include "TestSite.h"
 #include "core/TextOps.h"
 #include "core/Utils.h"
@@ -44,7 +44,8 @@ TEST_P(Plays, GoAsWritten)
         if (path.ends_with("/"))
             fs::create_directories(program / path);
         else
-            TestSite::PutAt(program / path, blank == Text::npos ? "" : ReplaceText(line.substr(blank + 1), "\\r\\n", CRLF));
+            TestSite::PutAt(
+                program / path, blank == Text::npos ? "" : ReplaceText(line.substr(blank + 1), "\\r\\n", CRLF));
     }
     const fs::path log = program / "play.log";
     const Text command = "\"" FERNCASTLE_PLAYER "\" --seed 7 --program-dir \"" + program.string() + "\" --drive s=\"" +

@@ -18,8 +18,8 @@ void Tell(const char *theWord, Handler theDeed = nullptr)
 void KeyPress(int &KeyAscii)
 {
     KeyAscii = KeyAscii == 'x' ? 0 : KeyAscii == 'y' ? 'z' : KeyAscii;
-    if (KeyAscii == '\r')
-        Tell("enter", job);
+    if (KeyAscii == 'q')
+        Tell("quit", job);
 }
 
 Form Me{"frmTried", {.Width = 600, .Load = [] { Tell("load", atLoad); }}};
@@ -154,9 +154,9 @@ TEST_F(Screens, GatesRefuseWhatNoUserCouldDo)
     job = DoEvents;
     front.AtYield = [] { EXPECT_FALSE(TimerTick(tmrTried)) << "a timer isn't entered again"; };
     EXPECT_TRUE(TimerTick(tmrTried) && TimerTick(tmrTried));
-    EXPECT_EQ(Told(), "load job row double tick enter timer timer ");
+    EXPECT_EQ(Told(), "load job row double tick timer timer ");
     job = [] { Me.Unload(); };
-    UserKey(txtTried, '\r');
+    UserKey(txtTried, 'q');
     EXPECT_FALSE(Me.Loaded) << "a key for a screen that its handler closed doesn't bring it back";
 }
 
