@@ -284,13 +284,11 @@ void Write(const Text &theFile, const Text &theContent)
 {
     std::string_view name;
     const auto [dir, entry] = Target(theFile, name);
+    HostIo::Write(dir->HostPath + '/' + (entry ? entry->Name : Text(name)), theContent);
     if (!entry) {
-        HostIo::Write(dir->HostPath + '/' + Text(name), theContent, true);
         dir->Add(name, HostIo::Kind::File);
         return;
     }
-    // The file of an outstanding copy is still empty.
-    HostIo::Write(entry->HostPath(), theContent, entry->CopyOf != nullptr);
     entry->CopyOf = nullptr;
     entry->Unwritten = nullptr;
 }

@@ -35,9 +35,8 @@ bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames);
 
 // The whole content of a file.
 Text Read(const Text &theFile);
-// Replaces the content of a file in place, or makes it; isNew where it isn't there yet. Never follows a link in the
-// last element.
-void Write(const Text &theFile, const Text &theContent, bool isNew);
+// Replaces the content of a file in place, or makes it. Never follows a link in the last element.
+void Write(const Text &theFile, const Text &theContent);
 // Makes an empty file; a failure when there is one.
 void MakeFile(const Text &theFile);
 // Adds to the end of a file, or makes it.

@@ -54,6 +54,12 @@ public:
         return Result;
     }
 
+    void CutTo(std::int64_t theSize) const
+    {
+        if (ftruncate(handle, theSize) != 0)
+            FailHere(path);
+    }
+
     // Closes what was written: some file systems tell only then that it could not be.
     void Finish()
     {
@@ -77,12 +83,6 @@ private:
     const Text &path;
     int handle;
 };
-
-void CutTo(const Opened &theFile, const Text &thePath, std::int64_t theSize)
-{
-    if (theFile.Facts().st_size > theSize && ftruncate(theFile, theSize) != 0)
-        FailHere(thePath);
-}
 
 HostIo::Kind KindOfMode(mode_t theMode)
 {
@@ -178,10 +178,7 @@ Text Read(const Text &theFile)
         Fail("the file is too large", theFile);
     }
     std::size_t done = 0;
-    for (;;) {
-        // A file that grows meanwhile, or that tells no size, is read to its end all the same.
-        if (done == Result.size())
-            Result.resize(done + (done == 0 ? 4096 : 1));
+    while (done < Result.size()) {
         const ssize_t got = read(file, Result.data() + done, Result.size() - done);
         if (got < 0 && errno != EINTR)
             FailHere(theFile);
@@ -194,19 +191,21 @@ Text Read(const Text &theFile)
     return Result;
 }
 
-void Write(const Text &theFile, const Text &theContent, bool isNew)
+void Write(const Text &theFile, const Text &theContent)
 {
-    // An old file is written in place and cut afterwards: emptying it first costs three times as much.
-    Opened file(theFile, newOrOld | (isNew ? O_TRUNC : 0));
-    if (!isNew && file.Facts().st_nlink > 1) {
+    // Written in place and cut afterwards: a file that is emptied first is taken for a precious one, and its bytes are
+    // sent to the disk as soon as it is closed.
+    Opened file(theFile, newOrOld);
+    const struct stat before = file.Facts();
+    if (before.st_nlink > 1) {
         // The same file stands elsewhere under another name, and is to stay as it is there.
         Delete(theFile);
-        Write(theFile, theContent, true);
+        Write(theFile, theContent);
         return;
     }
     file.WriteAll(theContent);
-    if (!isNew)
-        CutTo(file, theFile, static_cast<std::int64_t>(theContent.size()));
+    if (before.st_size > static_cast<std::int64_t>(theContent.size()))
+        file.CutTo(static_cast<std::int64_t>(theContent.size()));
     file.Finish();
 }
 
@@ -222,7 +221,7 @@ void Append(const Text &theFile, const Text &theContent)
         // The same file stands elsewhere under another name, and is to stay as it is there.
         const Text content = Read(theFile);
         Delete(theFile);
-        Write(theFile, content + theContent, true);
+        Write(theFile, content + theContent);
         return;
     }
     file.WriteAll(theContent);
@@ -235,7 +234,8 @@ void Copy(const Text &theSource, const Text &theTarget)
     if (IdentityOf(theSource) == IdentityOf(theTarget))
         return;  // a file onto itself
     Opened target(theTarget, newOrOld);
-    if (target.Facts().st_nlink > 1) {
+    const struct stat before = target.Facts();
+    if (before.st_nlink > 1) {
         Delete(theTarget);
         Copy(theSource, theTarget);
         return;
@@ -258,7 +258,8 @@ void Copy(const Text &theSource, const Text &theTarget)
         if (got > 0)
             done += got;
     }
-    CutTo(target, theTarget, done);
+    if (before.st_size > done)
+        target.CutTo(done);
     target.Finish();
 }
 
