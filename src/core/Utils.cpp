@@ -86,11 +86,15 @@ Text CloseUpEquals(const Text &theTag)
     Text Result;
     Trap([&] {
         // One pass that never looks back: of two blanks beside an "=" one stays. Wanted.
+        const auto isPair = [&](std::size_t i, char first, char second) {
+            return theTag[i] == first && i + 1 < theTag.size() && theTag[i + 1] == second;
+        };
+        Result.reserve(theTag.size());
         for (std::size_t i = 0; i < theTag.size(); ++i) {
-            if (theTag.compare(i, 2, " =") == 0)
+            if (isPair(i, ' ', '='))
                 ++i;
             Result += theTag[i];
-            if (theTag.compare(i, 2, "= ") == 0)
+            if (isPair(i, '=', ' '))
                 ++i;
         }
     });

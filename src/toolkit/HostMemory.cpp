@@ -236,6 +236,24 @@ HostFiles::Names Dir::Listing(HostIo::Kind theKind)
     return kept;
 }
 
+// The directory before the last element of thePath, found by what is known of it; the whole path is taken apart only
+// where it has nothing to it that can be looked up.
+static Dir *ResolveDir(std::string_view thePath)
+{
+    std::string_view path = thePath;
+    while (path.size() > 3 && IsSeparator(path.back()))
+        path.remove_suffix(1);
+    if (path.size() <= 3)
+        return Root(path[0]);
+    std::string_view name;
+    Dir *const parent = FindParent(path, name);
+    if (!name.empty())
+        return parent ? parent->Enter(name) : nullptr;
+    // It ends in "." or "..": only the text can tell what that takes back.
+    const Text plain = HostFiles::Plain(Text(path));
+    return FindDir(plain);
+}
+
 Dir *FindDir(std::string_view thePath)
 {
     if (const auto known = places.find(thePath); known != places.end()) {
@@ -247,23 +265,7 @@ Dir *FindDir(std::string_view thePath)
     }
     if (thePath.size() < 2 || thePath[1] != ':' || (thePath.size() > 2 && !IsSeparator(thePath[2])))
         return nullptr;
-    std::vector<std::string_view> elements;
-    for (std::size_t at = 2; at < thePath.size();) {
-        std::size_t end = at;
-        while (end < thePath.size() && !IsSeparator(thePath[end]))
-            ++end;
-        const std::string_view element = thePath.substr(at, end - at);
-        if (element == "..") {
-            if (!elements.empty())
-                elements.pop_back();
-        } else if (!element.empty() && element != ".")
-            elements.push_back(element);
-        at = end + 1;
-    }
-    Dir *dir = Root(thePath[0]);
-    for (const std::string_view element : elements)
-        if (dir)
-            dir = dir->Enter(element);
+    Dir *const dir = ResolveDir(thePath);
     if (dir)
         places.insert_or_assign(Text(thePath), dir);
     return dir;
