@@ -154,9 +154,9 @@ int SaveMarkedFile(const Text &theFile, const Text &theText, int quiet)
     return 0;
 }
 
-void PrintToFile(const Text &theFile, const Text &theText)
+void PrintToFile(const Text &theFile, Text theText)
 {
-    HostFiles::Write(theFile, theText + CRLF);
+    HostFiles::Write(theFile, std::move(theText += CRLF));
 }
 
 Text NewNumberInFileName(const Text &theFileName)

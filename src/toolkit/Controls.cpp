@@ -290,8 +290,6 @@ int FileList::ListCount() const
 
 Text FileList::List(int theIndex) const
 {
-    // Whoever asks for a row is about to use its file, which may have gone since the rows were read.
-    HostFiles::LookAgain(path);
     return theIndex < 0 || theIndex >= ListCount() ? noText : Names()[static_cast<std::size_t>(theIndex)];
 }
 

@@ -1,6 +1,7 @@
 #include "toolkit/HostFiles.h"
 #include "toolkit/Failure.h"
 #include "toolkit/HostMemory.h"
+#include "toolkit/HostWriter.h"
 #include <algorithm>
 #include <map>
 #include <utility>
@@ -14,9 +15,11 @@ Text programDir, programHostDir;
 std::vector<Entry *> outstanding;  // in the order in which they were asked for
 std::int64_t outstandingBytes = 0, roomAtLastLook = 0;
 std::vector<Text> failures;
+HostWriter writer;
+bool isWriterBusy = false;
 
 // Larger files are copied at once: they are seldom pages, so nothing is won by waiting.
-constexpr std::int64_t waitAtMost = 1 << 20;
+constexpr std::size_t waitAtMost = 1 << 20;
 constexpr std::size_t bufferAtMost = 1 << 16;
 
 std::map<char, Text> &TheDrives()
@@ -69,11 +72,29 @@ Entry *FindFile(const Text &thePath, HostIo::Kind theKind = HostIo::Kind::File)
     return dir && !name.empty() ? dir->Find(name, theKind) : nullptr;
 }
 
+// Waits for the files that are being written beside the program's work.
+void FinishWriting()
+{
+    if (!std::exchange(isWriterBusy, false))
+        return;
+    for (const RuntimeFailure &failure : writer.Finish())
+        failures.push_back(
+            "Unable to write file:\r\n" + HostFiles::FromHost(failure.Where) + "\r\n\r\n" + failure.What);
+}
+
+// The same where theEntry is one of them.
+void AwaitWriting(Entry *theEntry)
+{
+    if (theEntry && std::exchange(theEntry->IsBeingWritten, false))
+        FinishWriting();
+}
+
 Entry &ExistingFile(const Text &thePath)
 {
     Entry *const entry = FindFile(thePath);
     if (!entry)
         Fail("file not found", thePath);
+    AwaitWriting(entry);
     return *entry;
 }
 
@@ -103,7 +124,7 @@ void MakeOutstanding(Entry &theEntry)
 // asked for, not later.
 bool MayWait(std::int64_t theSize)
 {
-    if (theSize > waitAtMost)
+    if (theSize > static_cast<std::int64_t>(waitAtMost))
         return false;
     if (outstandingBytes + theSize > roomAtLastLook) {
         const std::int64_t room = HostIo::FreeSpace(programHostDir) / 2;
@@ -280,10 +301,18 @@ Text SourceOfCopy(const Text &theFile)
     return entry && entry->CopyOf ? entry->CopyOf->HostPath() : "";
 }
 
-void Write(const Text &theFile, const Text &theContent)
+void Write(const Text &theFile, Text theContent)
 {
     std::string_view name;
     const auto [dir, entry] = Target(theFile, name);
+    // The new pages of a run: each is written once, and nothing asks for it before all are.
+    if (entry && entry->CopyOf && theContent.size() <= waitAtMost) {
+        entry->CopyOf = nullptr;
+        entry->IsBeingWritten = isWriterBusy = true;
+        writer.Put(entry->HostPath(), std::move(theContent));
+        return;
+    }
+    AwaitWriting(entry);
     HostIo::Write(dir->HostPath + '/' + (entry ? entry->Name : Text(name)), theContent);
     if (!entry) {
         dir->Add(name, HostIo::Kind::File);
@@ -302,6 +331,7 @@ void Append(const Text &theFile, const Text &theContent)
         dir->Add(name, HostIo::Kind::File);
         return;
     }
+    AwaitWriting(entry);
     if (entry->CopyOf)
         MakeOutstanding(*entry);
     if (!entry->Unwritten) {
@@ -320,6 +350,7 @@ void Copy(const Text &theSource, const Text &theTarget)
     auto [dir, entry] = Target(theTarget, name);
     if (&source == entry)
         return;
+    AwaitWriting(entry);
     if (source.CopyOf || source.Unwritten)
         MakeOutstanding(source);
     // The first copy of a file finds out whether it may be read.
@@ -350,6 +381,7 @@ void Delete(const Text &theFile)
     const auto [dir, entry] = Target(theFile, name);
     if (!entry)
         Fail("file not found", theFile);
+    AwaitWriting(entry);
     entry->CopyOf = nullptr;
     entry->Unwritten = nullptr;
     HostIo::Delete(entry->HostPath());
@@ -390,6 +422,7 @@ bool MakeDirectory(const Text &theDir)
 
 void Settle()
 {
+    FinishWriting();
     // Taken first: telling of a failure may come back here.
     for (Entry *entry : std::exchange(outstanding, {}))
         if (entry->CopyOf || entry->Unwritten) {
@@ -407,12 +440,6 @@ void Settle()
 std::vector<Text> TakeFailures()
 {
     return std::exchange(failures, {});
-}
-
-void LookAgain(const Text &theDir)
-{
-    if (Dir *const dir = FindDir(theDir))
-        dir->LookAgain();
 }
 
 void RecheckAfter(int theMilliseconds)

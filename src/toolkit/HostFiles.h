@@ -2,9 +2,9 @@
 //
 // A directory is read once and kept while it is unchanged, so that a look-up costs a hash, not a scan; the program's
 // own writes keep that memory true. A copy makes its file at once, but its bytes follow when they are wanted: a file
-// that is copied and then written anew is written once. Settle writes what is outstanding; the toolkit calls it
-// wherever somebody could look: before a wait, a browser's page, the end of the program, and when the outermost gate
-// closes.
+// that is copied and then written anew is written once, beside the program's further work. Settle puts on the disk what
+// is outstanding; the toolkit calls it wherever somebody could look: before a wait, a browser's page, the end of the
+// program, and when the outermost gate closes.
 //
 // Writes outside the program directory's saved files, its project directories and their stores are refused with a
 // run-time failure. Paths: empty elements and "." are passed over, ".." is taken back by the text and never climbs
@@ -51,7 +51,7 @@ bool FitsPattern(const Text &theName, const Text &thePattern);
 
 // All of these fail with a run-time failure.
 Text Read(const Text &theFile);
-void Write(const Text &theFile, const Text &theContent);
+void Write(const Text &theFile, Text theContent);
 void Append(const Text &theFile, const Text &theContent);
 void Copy(const Text &theSource, const Text &theTarget);
 void Delete(const Text &theFile);
@@ -69,9 +69,6 @@ bool MakeDirectory(const Text &theDir);
 // forgets them.
 void Settle();
 std::vector<Text> TakeFailures();
-
-// Has the directory of thePath looked at anew at the next look-up.
-void LookAgain(const Text &theDir);
 
 // How long a directory is trusted before its time of change is looked at again, in milliseconds; 0 looks each time.
 void RecheckAfter(int theMilliseconds);

@@ -5,7 +5,7 @@
 
 namespace HostMemory
 {
-int RecheckMilliseconds = 200;
+int RecheckMilliseconds = 20;
 
 namespace
 {

@@ -18,6 +18,7 @@ struct Entry {
     std::unique_ptr<Dir> Sub = {};         // made when it is first entered
     const Entry *CopyOf = nullptr;         // a copy whose bytes are outstanding; its file is there, empty
     std::unique_ptr<Text> Unwritten = {};  // added text not yet on the disk
+    bool IsBeingWritten = false;           // handed to the writer
     std::int64_t Size = -1;                // of a file that could be read, once a copy of it was asked for
 
     Text HostPath() const;
@@ -59,8 +60,7 @@ struct Dir {
     Entry &Add(std::string_view theName, HostIo::Kind theKind);
     // Notes that the program itself deleted it.
     void Remove(Entry &theEntry);
-    // Looks at the time of change at the next look-up, or reads the directory anew whatever that says.
-    void LookAgain() { lastLook = -RecheckMilliseconds; }
+    // Reads the directory anew at the next look-up.
     void ReadAgain() { isTrusted = false; }
     HostFiles::Names Listing(HostIo::Kind theKind);
 
