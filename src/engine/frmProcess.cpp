@@ -94,7 +94,7 @@ static void LoadButton(Image &theButton, const Text &theFile)
     theButton.Picture = LoadPicture(InProgramDir("imgs\\" + theFile));
 }
 
-// Has no trap: a missing picture is the platform's to report.
+// Has no trap: a failure is its caller's, who then shows no run screen.
 void Form_Load()
 {
     ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
@@ -115,10 +115,10 @@ void Form_Load()
     LinksInternalCnt = 0;
     FilesProcessedCnt = 0;
     RunSpareCnt = 0;
-    Timer1.Enabled = true;
     for (Image *help : {&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded, &hlpLinksInternal, &hlpLinksExternal,
              &hlpLinksBroken, &Image1, &Image2})
         LoadButton(*help, "btnHelp.jpg");
+    Timer1.Enabled = true;
 }
 
 // A walk that meets its own new site would write over its source, or copy what it has copied, for ever. It is stopped
@@ -131,7 +131,7 @@ static void RefuseOwnProject(const Text &theDir)
     if (HostFiles::ReallyLiesIn(theDir, project) || HostFiles::ReallyLiesIn(project, LocalSiteDir))
         Fail("The site's directory and the directory of the new site lie in one another. Please choose a directory "
              "that holds the files of your site alone",
-            LocalSiteDir);
+            theDir);
 }
 
 // Has no trap, like the walk that it runs.
@@ -146,6 +146,7 @@ void Timer1_Timer()
         if (const Text file = InStoreDir(name); ifFileExists(file))
             HostFiles::Delete(file);
     SiteWalk();
+    // A cancelled walk comes here in the same way and gets its report. Wanted.
     Timer1.Enabled = false;
     btnReport.Visible = true;
     btnPause.Visible = false;
@@ -158,7 +159,7 @@ void Timer2_Timer()
 {
     Trap([] {
         if (ReportFinished)
-            Timer2.Enabled = false;
+            Timer2.Enabled = false;  // and moves the box one last time. Wanted.
         frmGeneratingReport::ShowMeter(frmGeneratingReport::Frame1, frmGeneratingReport::Shape1);
     });
 }
@@ -182,7 +183,7 @@ static bool EndsInRow(const Text &theFile, const Text &theRow)
 bool PassesFilter(const Text &theFile)
 {
     if (!Menu.optUseFilters.Checked)
-        return true;
+        return true;  // pictures too are then read and rewritten as pages. Wanted.
     for (int row = 0; row < frmFilters::List1.ListCount(); ++row)
         if (EndsInRow(theFile, frmFilters::List1.List(row)))
             return true;
@@ -195,7 +196,7 @@ static void TallyMediaFile(const Text &theFile)
     for (int k = 0; k < extensions.ListCount(); ++k)
         if (EndsInRow(theFile, extensions.List(k))) {
             AddToCount(lblMediaFilesFound);
-            auto &counts = frmLists::lstMediaFilesCnt;
+            auto &counts = frmLists::lstMediaFilesCnt;  // goes on from an earlier run's. Wanted.
             counts.SetList(k, NumberText(NumberAtStart(counts.List(k)) + 1));
             return;
         }
@@ -303,7 +304,8 @@ void btnReport_Click()
 {
     Trap([] {
         GenerateReport();
-        // frmHelp may have brought it into being, hidden, before there was a report: it is to open on this one.
+        // frmHelp may have brought it into being, hidden, before there was a report: it is to open on this one all the
+        // same.
         if (!frmReport::Me.Visible)
             frmReport::Me.Unload();
         frmReport::Me.Show();

@@ -79,13 +79,16 @@ void Player::StopAt(const Deed &theDeed, int theCode, const Text &theWhy)
 void Player::Show(Form &theForm)
 {
     timersChanged = true;
+    shown.insert(&theForm);
     Say("screen", Text(theForm.Name) + " \"" + theForm.Now.Caption + "\"");
 }
 
 void Player::Unload(Form &theForm)
 {
     timersChanged = true;
-    Say("closed", theForm.Name);
+    std::erase_if(histories, [&](const auto &history) { return &history.first->Owner == &theForm; });
+    if (shown.erase(&theForm))
+        Say("closed", theForm.Name);
 }
 
 void Player::Changed(Element &theElement)

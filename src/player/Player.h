@@ -4,6 +4,7 @@
 #include "toolkit/Presentation.h"
 #include <deque>
 #include <map>
+#include <set>
 
 // Exit codes beside those of Presentation.h.
 inline constexpr int endExpectation = 1;
@@ -70,6 +71,7 @@ private:
     std::map<Text, long> boxes;
     Text lastBox;
     std::map<Browser *, History> histories;
+    std::set<const Form *> shown;
     bool hasEnded = false;
     int code = 0;
 };

@@ -32,11 +32,13 @@ static void LoadTemplate(const Text &thePage)
     LoadFileIntoBox(TemplateOf(thePage), rtbReport);
 }
 
+// No value is escaped. Wanted.
 static void FillIn(const Text &theMarker, const Text &theValue)
 {
     rtbReport.Text = ReplaceText(rtbReport.Text, theMarker, theValue);
 }
 
+// A page whose step doesn't run stays as an earlier run left it, with no link to it. Wanted.
 static void ReplaceResult(const Text &thePage)
 {
     const Text result = InStoreDir(thePage + ".html");
@@ -140,7 +142,8 @@ static void MakeMainPage(
 // Has no trap: a failure stops at that of btnReport_Click, with the steps that remain undone and the meter running.
 void GenerateReport()
 {
-    // A press of btnReport during a yield runs all this a second time inside itself. Wanted.
+    // A press of btnReport during a yield runs all this a second time inside itself, and spoils the pages of the first:
+    // both use the same text box, and the counts are gone by then. Wanted.
     frmGeneratingReport::Me.Show();
     frmProcess::Timer2.Enabled = true;
     Text externalDetails, brokenDetails, mediaDetails;

@@ -100,7 +100,7 @@ Text TabulateLinks(Text LinkType)
                 break;
             if (filesPos != 1)
                 Result += Text("<TR><TD>&nbsp;</TD></TR>") + CRLF;
-            Result += TableRow({page});
+            Result += TableRow({page});  // as it is, without any escaping. Wanted.
             const std::int16_t linkCount = GetRepeatingLines(filesPos, files, page);
             for (int i = 1; i <= linkCount; ++i) {
                 DoEvents();
@@ -121,6 +121,7 @@ std::int16_t isLinkMedia(const Text &theLink)
         // Counted in the whole link, taken from the file part: most links with a query are no media links. Wanted.
         const std::int64_t length = Len(theLink) - FindLastText(theLink, ".");
         const Text extension = RightPart(file, length);
+        // Exactly, while the tally of files ignores case: a row in capitals finds files but no link. Wanted.
         const std::vector<Text> &rows = frmLists::lstMediaExtensions.Rows();
         if (std::find(rows.begin(), rows.end(), extension) != rows.end())
             Result = 3;

@@ -101,7 +101,7 @@ void Timer1_Timer()
 {
     Trap([] {
         if (ReportFinished)
-            Timer1.Enabled = false;
+            Timer1.Enabled = false;  // and moves the box one last time. Wanted.
         ShowMeter(Frame1, Shape1);
         DoEvents();
     });

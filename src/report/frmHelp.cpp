@@ -5,7 +5,8 @@
 namespace frmHelp
 {
 void Form_Load(), Form_Resize(), Close_Report_Click();
-extern TextBox txtAddress;
+extern  // Shows the address; typing in it does nothing. Wanted.
+    TextBox txtAddress;
 extern Label lblStatusBar;
 
 // The design size stands for the whole screen until the user's real one is known.

@@ -6,7 +6,8 @@ namespace frmReport
 {
 void Form_Load(), Form_Resize(), Form_QueryUnload(bool &Cancel);
 void Close_Report_Click(), ReturnIndex_Click(), V_Report_Click();
-extern TextBox txtAddress;
+extern  // Shows the address; typing in it does nothing. Wanted.
+    TextBox txtAddress;
 extern Label lblStatusBar;
 
 // The design size stands for the whole screen until the user's real one is known.

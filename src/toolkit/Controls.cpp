@@ -356,6 +356,12 @@ Browser::Browser(Form &theOwner, const char *theName, Face theDesign, BrowserEve
 {
 }
 
+void Browser::Reset()
+{
+    Control::Reset();
+    NowAddress.clear();
+}
+
 void Browser::Navigate(const Text &theAddress)
 {
     Touch();

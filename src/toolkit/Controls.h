@@ -281,6 +281,7 @@ public:
     void Stop();
     const BrowserEvents Events;
     Text NowAddress;  // of the page it shows, kept by the presentation
+    void Reset() override;
     const char *Kind() const override { return "browser"; }
 };
 

@@ -48,10 +48,8 @@ void Form::Unload()
 {
     if (!Loaded)
         return;
-    const bool wasVisible = Visible;
     Loaded = Visible = CloseRefused = false;
-    if (wasVisible)
-        ThePresentation().Unload(*this);
+    ThePresentation().Unload(*this);
     Reset();
     for (Element *element : elements)
         element->Reset();

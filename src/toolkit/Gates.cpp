@@ -161,7 +161,6 @@ void WaitEvents()
 void ShowNow()
 {
     front->ShowNow();
-    ThrowPending();
 }
 
 Text LoadPicture(const Text &thePath)

@@ -11,6 +11,7 @@
 struct Presentation {
     virtual ~Presentation() = default;
     virtual void Show(Form &theForm) = 0;
+    // Also for a screen that was never shown.
     virtual void Unload(Form &theForm) = 0;
     virtual void Changed(Element &theElement) = 0;
     virtual void Focus(Control &theControl) = 0;
@@ -18,7 +19,7 @@ struct Presentation {
     virtual void DoEvents() = 0;
     // Serves events where the program only waits: may sleep until something happens.
     virtual void WaitEvents() = 0;
-    // Serves events where something must be seen now.
+    // Paints what has changed; serves neither the user nor timers.
     virtual void ShowNow() = 0;
     // theFlags as in Services.h; returns one of the answers there.
     virtual int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle) = 0;

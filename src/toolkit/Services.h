@@ -28,7 +28,7 @@ void DoEvents();
 // presentation may let time pass.
 void WaitEvents();
 
-// Like DoEvents, where something must be seen now: a tick changed, a screen came up.
+// Paints where something must be seen now: a tick changed, a screen came up. Serves no click, key or timer.
 void ShowNow();
 
 // The path of a picture that is there; a run-time failure when it isn't.
