@@ -68,6 +68,8 @@ public:
         HostFiles::MapDrive('x', site.string());
         Present(&front);
         HelpBoxOpen = false;
+        FormWidth = 600;
+        FormHeight = 435;
     }
     ~TestSite() override
     {

@@ -18,6 +18,9 @@ public:
     // Starts the program and plays the script to its end or the program's. Returns the exit code.
     int Play(Form &theFirstForm);
 
+    // Prints a line: what it is about, and a text, of several lines maybe.
+    static void Say(const Text &theWhat, const Text &theText);
+
     void Show(Form &theForm) override;
     void Unload(Form &theForm) override;
     void Changed(Element &theElement) override;

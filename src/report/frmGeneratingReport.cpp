@@ -17,11 +17,11 @@ static Face TickAt(double theTop, const Text &Says)
 }
 static Face CaptionAt(double theTop, const Text &theCaption)
 {
-    return {.At = {102, theTop + 7, 340, 20}, .Caption = theCaption};
+    return {.At = {102, theTop + 7, 300, 20}, .Caption = theCaption};
 }
 static Face HelpAt(double theTop, const Text &Says, Handler theClick)
 {
-    return {.At = {459, theTop + 5, 22, 22}, .Says = Says, .Click = theClick};
+    return {.At = {412, theTop + 5, 22, 22}, .Says = Says, .Click = theClick};
 }
 
 Form Me{"frmGeneratingReport", {.Load = Form_Load}};

@@ -36,9 +36,10 @@ void Form::Load()
 
 void Form::Show()
 {
+    const bool wasVisible = Visible;
     Load();
     // The load procedure may itself have closed the screen, or ended in showing it.
-    if (!Loaded || Visible)
+    if (!Loaded || (Visible && !wasVisible))
         return;
     Visible = true;
     ThePresentation().Show(*this);

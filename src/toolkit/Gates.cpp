@@ -114,8 +114,10 @@ bool CanReach(const Control &theControl)
 {
     if (!theControl.Owner.Visible || !theControl.Now.Visible || !theControl.Now.Enabled)
         return false;
-    const auto *item = dynamic_cast<const MenuItem *>(&theControl);
-    return !item || !item->Menu || CanReach(*item->Menu);
+    if (const auto *item = dynamic_cast<const MenuItem *>(&theControl))
+        return !item->Menu || CanReach(*item->Menu);
+    // What lies beyond the right edge is out of reach, as the help box is while it is in.
+    return theControl.Now.At.Left < theControl.Owner.Now.Width;
 }
 
 void Present(Presentation *thePresentation)

@@ -3,15 +3,12 @@
 #include "toolkit/HostMemory.h"
 #include "toolkit/HostWriter.h"
 #include <algorithm>
-#include <map>
 #include <utility>
 
 using namespace HostMemory;
 
 namespace
 {
-std::map<char, Text> drives;
-Text programDir, programHostDir;
 std::vector<Entry *> outstanding;  // in the order in which they were asked for
 std::int64_t outstandingBytes = 0, roomAtLastLook = 0;
 std::vector<Text> failures;
@@ -21,20 +18,6 @@ bool isWriterBusy = false;
 // Larger files are copied at once: they are seldom pages, so nothing is won by waiting.
 constexpr std::size_t waitAtMost = 1 << 20;
 constexpr std::size_t bufferAtMost = 1 << 16;
-
-std::map<char, Text> &TheDrives()
-{
-    if (drives.empty())
-        for (const auto &[letter, dir] : HostIo::Drives())
-            drives[letter] = dir;
-    return drives;
-}
-
-void SetProgram(const Text &theHostDir)
-{
-    programHostDir = theHostDir;
-    programDir = HostFiles::FromHost(theHostDir);
-}
 
 bool IsProjectDirectory(std::string_view theName)
 {
@@ -127,7 +110,7 @@ bool MayWait(std::int64_t theSize)
     if (theSize > static_cast<std::int64_t>(waitAtMost))
         return false;
     if (outstandingBytes + theSize > roomAtLastLook) {
-        const std::int64_t room = HostIo::FreeSpace(programHostDir) / 2;
+        const std::int64_t room = HostIo::FreeSpace(HostFiles::ToHost(HostFiles::ProgramDir())) / 2;
         if (outstandingBytes + theSize > room)
             return false;
         roomAtLastLook = std::min(room, outstandingBytes + (std::int64_t{64} << 20));
@@ -138,91 +121,6 @@ bool MayWait(std::int64_t theSize)
 
 namespace HostFiles
 {
-void MapDrive(char theLetter, const Text &theHostDir)
-{
-    Settle();
-    TheDrives()[LowerChar(theLetter)] = theHostDir == "/" ? "" : theHostDir;
-    ForgetAll();
-}
-
-const Text &ProgramDir()
-{
-    if (programDir.empty())
-        SetProgram(HostIo::ProgramDirectory());
-    return programDir;
-}
-
-void SetProgramDir(const Text &theHostDir)
-{
-    Settle();
-    SetProgram(theHostDir);
-    ForgetAll();
-}
-
-Text ToHost(const Text &thePath)
-{
-    const Text path = Plain(thePath);
-    if (path.size() < 3 || path[1] != ':' || !TheDrives().contains(LowerChar(path[0])))
-        return {};
-    if (path.size() == 3) {
-        const Text &root = TheDrives()[LowerChar(path[0])];
-        return root.empty() ? "/" : root;
-    }
-    std::string_view name;
-    Dir *const dir = FindParent(path, name);
-    if (dir) {
-        const Entry *entry = dir->Find(name, HostIo::Kind::None);
-        return dir->HostPath + '/' + (entry ? entry->Name : Text(name));
-    }
-    Text parent = ToHost(path.substr(0, path.size() - name.size()));
-    return parent.empty() ? parent : parent + '/' + Text(name);
-}
-
-Text FromHost(const Text &theHostPath)
-{
-    Text Result = "c:" + theHostPath;
-    std::replace(Result.begin() + 2, Result.end(), '/', '\\');
-    while (Result.size() > 3 && Result.back() == '\\')
-        Result.pop_back();
-    return Result;
-}
-
-Text Plain(const Text &thePath)
-{
-    if (thePath.size() < 2 || thePath[1] != ':')
-        return thePath;
-    std::vector<std::size_t> ends;  // where Result ended before each element
-    Text Result = thePath.substr(0, 2);
-    for (std::size_t at = 2; at < thePath.size();) {
-        const std::size_t end = std::min(thePath.find_first_of("\\/", at), thePath.size());
-        const Text element = thePath.substr(at, end - at);
-        if (element == "..") {
-            if (!ends.empty()) {
-                Result.resize(ends.back());
-                ends.pop_back();
-            }
-        } else if (!element.empty() && element != ".") {
-            ends.push_back(Result.size());
-            Result += '\\' + element;
-        }
-        at = end + 1;
-    }
-    return Result.size() == 2 ? Result + '\\' : Result;
-}
-
-bool LiesIn(const Text &thePath, const Text &theDir)
-{
-    const auto closed = [](Text thePlain) { return thePlain.ends_with('\\') ? thePlain : thePlain + '\\'; };
-    const Text path = closed(Plain(thePath)), dir = closed(Plain(theDir));
-    return path.size() >= dir.size() && CompareIgnoringCase(std::string_view(path).substr(0, dir.size()), dir) == 0;
-}
-
-bool ReallyLiesIn(const Text &thePath, const Text &theDir)
-{
-    const Text path = HostIo::RealPath(ToHost(thePath)) + '/', dir = HostIo::RealPath(ToHost(theDir)) + '/';
-    return dir != "/" && path.starts_with(dir);
-}
-
 bool IsFile(const Text &thePath)
 {
     std::string_view name;
@@ -242,19 +140,6 @@ bool IsDirectory(const Text &thePath)
     return FindDir(thePath) != nullptr;
 }
 
-bool DriveExists(const Text &thePath)
-{
-    return thePath.size() >= 2 && thePath[1] == ':' && IsDirectory(Text{thePath[0], ':', '\\'});
-}
-
-std::vector<Text> Drives()
-{
-    std::vector<Text> Result;
-    for (const auto &drive : TheDrives())
-        Result.push_back(Text{drive.first, ':'});
-    return Result;
-}
-
 Names Files(const Text &theDir)
 {
     Dir *const dir = FindDir(theDir);
@@ -265,26 +150,6 @@ Names Directories(const Text &theDir)
 {
     Dir *const dir = FindDir(theDir);
     return dir ? dir->Listing(HostIo::Kind::Directory) : std::make_shared<const std::vector<Text>>();
-}
-
-bool FitsPattern(const Text &theName, const Text &thePattern)
-{
-    std::size_t n = 0, p = 0, star = Text::npos, resume = 0;
-    while (n < theName.size()) {
-        if (p < thePattern.size() && thePattern[p] == '*') {
-            star = p++;
-            resume = n;
-        } else if (p < thePattern.size() &&
-                   (thePattern[p] == '?' || LowerChar(thePattern[p]) == LowerChar(theName[n]))) {
-            ++p;
-            ++n;
-        } else if (star != Text::npos) {
-            p = star + 1;
-            n = ++resume;
-        } else
-            return false;
-    }
-    return thePattern.find_first_not_of('*', p) == Text::npos;
 }
 
 Text Read(const Text &theFile)

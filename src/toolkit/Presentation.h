@@ -10,6 +10,7 @@
 // What the program asks of a front.
 struct Presentation {
     virtual ~Presentation() = default;
+    // Also for a screen that is showing: it is to come before the others.
     virtual void Show(Form &theForm) = 0;
     // Also for a screen that was never shown.
     virtual void Unload(Form &theForm) = 0;

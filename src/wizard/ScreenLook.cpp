@@ -43,6 +43,7 @@ void ConfirmExit()
     Trap([] {
         int answer = answerYes;
         if (ExitConfirmNeeded)
+            // The third of two buttons is the default: presentations take No for it. Wanted.
             answer = MsgBox("Are you sure you want to exit?", msgYesNo + msgStop + msgThirdDefault, "Exit");
         if (answer == answerYes)
             End();

@@ -21,9 +21,9 @@ Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Create a New Pr
 Label Label2{Me, "Label2", {.At = {24, 62, 400, 22}, .Caption = "Name your project:", .Style = Look::SubTitle}};
 TextBox txtProjName{Me, "txtProjName", {.At = {24, 88, 300, 26}, .Says = "Name your project"}};
 Label Label4{Me, "Label4",
-    {.At = {336, 92, 210, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = Look::Dim}};
+    {.At = {364, 92, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = Look::Dim}};
 Image hlpProjName{
-    Me, "hlpProjName", {.At = {554, 90, 22, 22}, .Says = "Help: Project Name", .Click = hlpProjName_Click}};
+    Me, "hlpProjName", {.At = {332, 90, 22, 22}, .Says = "Help: Project Name", .Click = hlpProjName_Click}};
 Label Label3{Me, "Label3",
     {.At = {24, 122, 522, 58},
         .Caption = "Create a name for your new project so it can be saved.  You can later come back, modify your "
@@ -31,9 +31,9 @@ Label Label3{Me, "Label3",
 Label Label5{Me, "Label5", {.At = {24, 206, 400, 22}, .Caption = "Your Site's Domain Name:", .Style = Look::SubTitle}};
 TextBox txtDomainName{Me, "txtDomainName", {.At = {24, 232, 300, 26}, .Says = "Your site's domain name"}};
 Label Label6{Me, "Label6",
-    {.At = {336, 236, 210, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = Look::Dim}};
+    {.At = {364, 236, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = Look::Dim}};
 Image hlpDomainName{
-    Me, "hlpDomainName", {.At = {554, 234, 22, 22}, .Says = "Help: Domain Name", .Click = hlpDomainName_Click}};
+    Me, "hlpDomainName", {.At = {332, 234, 22, 22}, .Says = "Help: Domain Name", .Click = hlpDomainName_Click}};
 Label Label7{Me, "Label7",
     {.At = {24, 266, 522, 58},
         .Caption = "You must enter the domain name that refers to the site you are about to expand.  This is the "
@@ -73,6 +73,7 @@ static void MakeProjectDir(const Text &theDir)
     // CreateDirectories gives true even when it failed, so these lines never show. Wanted.
     if (!CreateDirectories(theDir))
         ShowMessageLines(
+            // "occured" stands so. Wanted.
             {"An error occured while trying to create the directory:", theDir, "", "btnNext_Click.frmCreate"});
 }
 
@@ -133,7 +134,8 @@ void hlpDomainName_Click()
         ShowHelpBox(Me, "Domain Name",
             "This is a straightforward step.  Enter the domain name that your site has on the internet, in "
             "small letters.  You can leave out http:// and www. since I take them off anyway, along with any "
-            "slash at the end.  I use your domain to tell the links that stay within your site from those that "
+            "slash at the end.  Leave out https:// too: that one I don't take off.  I use your domain to tell the "
+            "links that stay within your site from those that "
             "lead to somewhere else, so please make sure it's spelled correctly.");
     });
 }

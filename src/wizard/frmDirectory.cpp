@@ -44,13 +44,13 @@ MenuBar Menu{Me, FullMenu<Menu>()};
 void Form_Load()
 {
     Trap([] {
-        ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
-        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpDomain.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
         // Both pickers start where the program stands. They stay there when the saved directory is gone: the load then
         // ends in its trap, and the domain box keeps its design text. Wanted.
         Drive1.Drive = HostFiles::ProgramDir();
         Dir1.Path = HostFiles::ProgramDir();
+        ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
+        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpDomain.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
         const Text savedDir = InStoreDir(ProjectNumber + ".dir");
         const Text usualDir = LeftPart(HostFiles::ProgramDir(), 3) + "!!\\";
         if (ifFileExists(savedDir))
@@ -128,7 +128,8 @@ void hlpDomain_Click()
         ShowHelpBox(Me, "Domain Name",
             "You've already chosen your domain name when you created your project.  I show it here once more "
             "so you can check it against the site you've picked, and change it if you need to.  As before, "
-            "http:// and www. are taken off for you, and so is any slash at the end.  If you leave the box "
+            "http:// and www. are taken off for you, and so is any slash at the end; https:// is not.  If you leave "
+            "the box "
             "empty, I keep the domain name that you had before.");
     });
 }

@@ -15,26 +15,26 @@ void Text1_KeyPress(int &KeyAscii);
 
 Form Me{"frmFilters", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Manage Your Filters", .Style = Look::Title}};
-Label lblDetails{Me, "lblDetails", {.At = {24, 60, 304, 300}}};
-Label Label3{Me, "Label3", {.At = {348, 60, 228, 18}, .Caption = "Enter a filter below"}};
-TextBox Text1{Me, "Text1", {.At = {348, 85, 76, 26}, .Says = "Filter", .KeyPress = Text1_KeyPress}};
-Image btnAddFilter{Me, "btnAddFilter", {.At = {432, 82, 116, 32}, .Says = "Add Filter", .Click = btnAddFilter_Click}};
+Label lblDetails{Me, "lblDetails", {.At = {272, 60, 304, 300}}};
+Label Label3{Me, "Label3", {.At = {24, 60, 228, 18}, .Caption = "Enter a filter below"}};
+TextBox Text1{Me, "Text1", {.At = {24, 85, 76, 26}, .Says = "Filter", .KeyPress = Text1_KeyPress}};
+Image btnAddFilter{Me, "btnAddFilter", {.At = {108, 82, 116, 32}, .Says = "Add Filter", .Click = btnAddFilter_Click}};
 Image hlpAddFilter{
-    Me, "hlpAddFilter", {.At = {554, 87, 22, 22}, .Says = "Help: Add a Filter", .Click = hlpAddFilter_Click}};
-Label Label2{Me, "Label2", {.At = {348, 130, 92, 20}, .Caption = "Filter List", .Style = Look::SubTitle}};
-ListBox List1{Me, "List1", {.At = {348, 154, 92, 200}, .Says = "Filter List"}};
+    Me, "hlpAddFilter", {.At = {230, 87, 22, 22}, .Says = "Help: Add a Filter", .Click = hlpAddFilter_Click}};
+Label Label2{Me, "Label2", {.At = {24, 130, 92, 20}, .Caption = "Filter List", .Style = Look::SubTitle}};
+ListBox List1{Me, "List1", {.At = {24, 154, 92, 200}, .Says = "Filter List"}};
 Image btnRemoveFilter{
-    Me, "btnRemoveFilter", {.At = {452, 154, 96, 32}, .Says = "Remove", .Click = btnRemoveFilter_Click}};
+    Me, "btnRemoveFilter", {.At = {128, 154, 96, 32}, .Says = "Remove", .Click = btnRemoveFilter_Click}};
 Image hlpRemoveFilter{
-    Me, "hlpRemoveFilter", {.At = {554, 159, 22, 22}, .Says = "Help: Remove a Filter", .Click = hlpRemoveFilter_Click}};
-Image btnClearList{Me, "btnClearList", {.At = {452, 196, 92, 32}, .Says = "Clear", .Click = btnClearList_Click}};
+    Me, "hlpRemoveFilter", {.At = {230, 159, 22, 22}, .Says = "Help: Remove a Filter", .Click = hlpRemoveFilter_Click}};
+Image btnClearList{Me, "btnClearList", {.At = {128, 196, 92, 32}, .Says = "Clear", .Click = btnClearList_Click}};
 Image hlpClearList{
-    Me, "hlpClearList", {.At = {554, 201, 22, 22}, .Says = "Help: Clear the List", .Click = hlpClearList_Click}};
-Image btnResetList{Me, "btnResetList", {.At = {452, 238, 92, 32}, .Says = "Reset", .Click = btnResetList_Click}};
+    Me, "hlpClearList", {.At = {230, 201, 22, 22}, .Says = "Help: Clear the List", .Click = hlpClearList_Click}};
+Image btnResetList{Me, "btnResetList", {.At = {128, 238, 92, 32}, .Says = "Reset", .Click = btnResetList_Click}};
 Image hlpResetList{
-    Me, "hlpResetList", {.At = {554, 243, 22, 22}, .Says = "Help: Reset Filter List", .Click = hlpResetList_Click}};
-Label Label4{Me, "Label4", {.At = {452, 292, 92, 18}, .Caption = "Filters"}};
-Label lblFilterCount{Me, "lblFilterCount", {.At = {452, 312, 92, 22}, .Style = Look::Counter}};
+    Me, "hlpResetList", {.At = {230, 243, 22, 22}, .Says = "Help: Reset Filter List", .Click = hlpResetList_Click}};
+Label Label4{Me, "Label4", {.At = {128, 292, 92, 18}, .Caption = "Filters"}};
+Label lblFilterCount{Me, "lblFilterCount", {.At = {128, 312, 92, 22}, .Style = Look::Counter}};
 Image btnDone{Me, "btnDone", {.At = {484, 372, 92, 34}, .Says = "Done", .Click = btnDone_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, {.About = optHelp_About_Click, .ReportingErrors = optHelp_ReportingErrors_Click}};
@@ -61,6 +61,7 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
+        // "filtrered" stands so. Wanted.
         lblDetails.Caption =
             "Filters let you specify which types of files you'd like to include in the expansion process.\r\n"
             "\r\n"
@@ -113,6 +114,7 @@ void btnRemoveFilter_Click()
 {
     Trap([] {
         if (List1.ListIndex < 0) {
+            // Speaks of a keyword, though it is a filter. Wanted.
             ShowHelpBox(Me, "Nothing Selected",
                 "\r\nYou must select a keyword to be removed by clicking on the keyword in the keyword list");
             return;
@@ -202,7 +204,7 @@ void hlpResetList_Click()
     Trap([] {
         ShowHelpBox(Me, "Reset Filter List",
             "Clicking the Reset button will reset the filter list to its default values.  These are 'htm' and "
-            "'tml', which cover nearly every page on the web.  Any filters you have added yourself will be "
+            "'tml', which let every .htm and .html page pass.  Any filters you have added yourself will be "
             "gone, so you are asked first (in the same words as for clearing the list).  If you ever feel "
             "unsure about your filters, this is the safe way back.  Click Done to save the result.");
     });

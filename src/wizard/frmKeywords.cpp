@@ -53,7 +53,7 @@ Image btnKeywordRemove{
 Image hlpKeywordRemove{Me, "hlpKeywordRemove",
     {.At = {424, 327, 22, 22}, .Says = "Help: Keyword Removal", .Click = hlpKeywordRemove_Click}};
 Image btnKeywordClear{
-    Me, "btnKeywordClear", {.At = {458, 322, 92, 32}, .Says = "Clear", .Click = btnKeywordClear_Click}};
+    Me, "btnKeywordClear", {.At = {458, 322, 92, 32}, .Says = "Clear All", .Click = btnKeywordClear_Click}};
 Image hlpClearAllKeywords{Me, "hlpClearAllKeywords",
     {.At = {554, 327, 22, 22}, .Says = "Help: Clear All Keywords", .Click = hlpClearAllKeywords_Click}};
 ListBox List2{Me, "List2", {.Visible = false}};
@@ -109,6 +109,7 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
             file = InProgramDir(number + "_store\\" + number + ".key");
         }
         if (!ifFileExists(file)) {
+            // A path of three characters counts as done, with the help box alone. Wanted.
             if (Len(file) == 3)
                 ShowHelpBox(Me, "Invalid Filename",
                     file + " is an invalid file name:  Please provide the direct location to the file containing "
@@ -120,6 +121,7 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
                 Result = 2;
             return;
         }
+        // The rules for a keyword bind typing alone: rows are taken as they are, empty ones too. Wanted.
         const Text text = HostFiles::Read(file);
         std::size_t from = 0;
         for (int i = 0; i < mostKeywords; ++i) {
@@ -228,6 +230,7 @@ void btnLoadKeywords_Click()
         LoadFlag = 1;
         CDOPEN.Filter = "Text Files (*.txt)|*.txt|(*.*)|*.*|";
         CDOPEN.ShowOpen();
+        // A cancelled dialog leaves no name, and is told of like a file that isn't there. Wanted.
         Text2.Text = CDOPEN.FileName;
         if (LoadThoseKeywords(lstKeywords, Text2.Text) == 2)
             ShowMessageLines({"The file:  " + Text2.Text, " is non-existent or an invalid file type", "",
@@ -289,10 +292,10 @@ void hlpTitle_Click()
     Trap([] {
         ShowHelpBox(Me, "Keyword Entry",
             "This step is crucial.  The keywords you enter here become part of the file names of your new "
-            "pages, and of all the links that lead to them.  Think of the words people type into a search "
+            "pages and of the links that lead to them.  Think of the words people type into a search "
             "engine when they look for what your site offers, and enter those.  Phrases of two or three words "
-            "do very well.  Enter more keywords than you want in each file name, so that there is something to "
-            "choose from.");
+            "do very well.  Enter more different keywords than you want in each file name, none of them a part "
+            "of another: with too few of them the expansion can't come to its end.");
     });
 }
 
@@ -302,8 +305,8 @@ void btn_hlpAddKeyword_Click()
         ShowHelpBox(Me, "Add a Keyword",
             "Type a keyword into the blank, and click the 'Add Keyword' button or press the Enter key to add "
             "it to your Master Keyword List.  A keyword may be a single word or a whole phrase.  Blanks are "
-            "fine, but the character + is not allowed.  I don't check whether you have entered a keyword "
-            "before, so one that stands in the list twice simply gets picked more often.");
+            "fine, but the character + is not allowed.  A keyword that you enter twice is drawn more "
+            "often, but it doesn't count as another one: no word stands twice in one file name.");
     });
 }
 
@@ -324,8 +327,8 @@ void hlpClearAllKeywords_Click()
         ShowHelpBox(Me, "Clear All Keywords",
             "Click the 'Clear All' button if you wish to remove all keywords from your Master Keyword List "
             "and start over.  You will be asked first.  A keyword file you have loaded from your computer is "
-            "not touched by this, so you can load it again at any time.  Remember that you need at least one "
-            "keyword to go on to the next step.");
+            "not touched by this, so you can load it again at any time.  Remember to enter some keywords before "
+            "you go on to the next step.");
     });
 }
 

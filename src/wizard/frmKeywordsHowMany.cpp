@@ -25,6 +25,7 @@ Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click =
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
+// The two blanks in "your site  by" stand so. Wanted.
 static Text Description(const Text &theNewFileName)
 {
     return "As your site is expanded, Ferncastle will greatly increase your keyword density and the page rank of every "

@@ -85,6 +85,7 @@ Text getProjectName(const Text &theNumber, int which)
         const Text text = HostFiles::Read(file);
         const std::int64_t end = FindText(1, text, "[]");
         if (end == 0) {
+            // "delimeters" stands so. Wanted.
             ShowMessageLines({"Error:",
                 "A valid project name could not be found due to the lack of the proper delimeters [] "
                 "being found in file:",

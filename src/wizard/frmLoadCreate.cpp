@@ -110,9 +110,9 @@ void hlpLoad_Click()
     Trap([] {
         ShowHelpBox(Me, "Load a Project",
             "Load an expansion project you have previously created.  You'll see a list of your projects and "
-            "pick the one you want.  Its domain name, the location of your site, your keywords and your other "
-            "settings are filled in for you on the screens that follow, and you can change any of them before "
-            "you run the expansion again.  If you haven't created a project yet, choose Create first.");
+            "pick the one you want.  Its domain name, the location of your site, your keywords, their number and "
+            "your Quillmark choice are filled in for you on the screens that follow.  You can change any of them "
+            "before you run the expansion again.  If you haven't created a project yet, choose Create first.");
     });
 }
 

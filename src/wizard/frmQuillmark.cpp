@@ -14,8 +14,8 @@ void Form_Load(), btnBack_Click(), btnNext_Click(), hlpTitle_Click(), btnCloseHe
 Form Me{"frmQuillmark", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Using Quillmark", .Style = Look::Title}};
 CheckBox chkUsingQuillmark{Me, "chkUsingQuillmark", {.At = {24, 62, 22, 22}, .Says = "I am using Quillmark"}};
-Label Label2{Me, "Label2", {.At = {54, 64, 300, 18}, .Caption = "I am using Quillmark"}};
-Image hlpTitle{Me, "hlpTitle", {.At = {554, 60, 22, 22}, .Says = "Help: Using Quillmark", .Click = hlpTitle_Click}};
+Label Label2{Me, "Label2", {.At = {54, 64, 150, 18}, .Caption = "I am using Quillmark"}};
+Image hlpTitle{Me, "hlpTitle", {.At = {212, 62, 22, 22}, .Says = "Help: Using Quillmark", .Click = hlpTitle_Click}};
 Label lblDesc{Me, "lblDesc", {.At = {24, 104, 516, 144}}};
 Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
 Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};

@@ -38,6 +38,7 @@ void Form_Load()
 void hlpWelcome_Click()
 {
     Trap([] {
+        // "the number of page" stands so. Wanted.
         ShowHelpBox(Me, "Ferncastle",
             "Ferncastle is dedicated to getting more search engine attention to your site by employing several "
             "methods.  First of all it's going to increase the size of your site by roughly the number of pages your "
