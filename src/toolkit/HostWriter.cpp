@@ -2,6 +2,8 @@
 #include "toolkit/HostIo.h"
 #include <utility>
 
+// Files are taken up in batches: waking the other side for each would cost as much as writing it.
+static constexpr std::size_t batchAtLeast = 32;
 static constexpr std::size_t bytesAtMost = 8 << 20;
 
 HostWriter::~HostWriter()
@@ -20,15 +22,20 @@ void HostWriter::Put(Text theFile, Text theContent)
     std::unique_lock guard(lock);
     if (!worker.joinable())
         worker = std::thread(&HostWriter::Work, this);
-    hasRoom.wait(guard, [this] { return bytes < bytesAtMost; });
     bytes += theContent.size();
     waiting.emplace_back(std::move(theFile), std::move(theContent));
+    if (waiting.size() < batchAtLeast && bytes < bytesAtMost)
+        return;
+    isWanted = true;
     hasWork.notify_one();
+    hasRoom.wait(guard, [this] { return bytes < bytesAtMost; });
 }
 
 std::vector<RuntimeFailure> HostWriter::Finish()
 {
     std::unique_lock guard(lock);
+    isWanted = true;
+    hasWork.notify_one();
     hasRoom.wait(guard, [this] { return waiting.empty() && !isInHand; });
     return std::exchange(failures, {});
 }
@@ -37,23 +44,27 @@ void HostWriter::Work()
 {
     std::unique_lock guard(lock);
     for (;;) {
-        hasWork.wait(guard, [this] { return !waiting.empty() || isClosing; });
+        hasWork.wait(guard, [this] { return (isWanted && !waiting.empty()) || isClosing; });
         if (waiting.empty())
             return;
-        const auto [file, content] = std::move(waiting.front());
-        waiting.pop_front();
+        const auto batch = std::exchange(waiting, {});
+        isWanted = false;
         isInHand = true;
         guard.unlock();
+        std::size_t written = 0;
         std::vector<RuntimeFailure> failed;
-        try {
-            HostIo::Write(file, content);
-        } catch (const RuntimeFailure &failure) {
-            failed.push_back(failure);
+        for (const auto &[file, content] : batch) {
+            written += content.size();
+            try {
+                HostIo::Write(file, content);
+            } catch (const RuntimeFailure &failure) {
+                failed.push_back(failure);
+            }
         }
         guard.lock();
         failures.insert(failures.end(), failed.begin(), failed.end());
         isInHand = false;
-        bytes -= content.size();
+        bytes -= written;
         hasRoom.notify_one();
     }
 }

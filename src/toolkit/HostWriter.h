@@ -3,7 +3,6 @@
 #pragma once
 #include "toolkit/Failure.h"
 #include <condition_variable>
-#include <deque>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -16,7 +15,8 @@ public:
     HostWriter &operator=(const HostWriter &) = delete;
     ~HostWriter();
 
-    // Hands over a file of the host to be written; waits while too much is waiting already.
+    // Hands over a file of the host to be written, before Finish at the latest; waits while too much is waiting
+    // already.
     void Put(Text theFile, Text theContent);
     // Waits until all is written. Returns what could not be, and forgets it.
     std::vector<RuntimeFailure> Finish();
@@ -26,9 +26,9 @@ private:
 
     std::mutex lock;
     std::condition_variable hasWork, hasRoom;
-    std::deque<std::pair<Text, Text>> waiting;
+    std::vector<std::pair<Text, Text>> waiting;
     std::size_t bytes = 0;  // of all that is waiting or in hand
-    bool isInHand = false, isClosing = false;
+    bool isWanted = false, isInHand = false, isClosing = false;
     std::vector<RuntimeFailure> failures;
     std::thread worker;
 };
