@@ -154,9 +154,13 @@ int SaveMarkedFile(const Text &theFile, const Text &theText, int quiet)
     return 0;
 }
 
-void PrintToFile(const Text &theFile, Text theText)
+void PrintToFile(const Text &theFile, const Text &theText)
 {
-    HostFiles::Write(theFile, std::move(theText += CRLF));
+    Text printed;
+    printed.reserve(theText.size() + 2);
+    printed += theText;
+    printed += CRLF;
+    HostFiles::Write(theFile, std::move(printed));
 }
 
 Text NewNumberInFileName(const Text &theFileName)

@@ -28,7 +28,7 @@ Text GATHERFROMFILE(const Text &theFile);
 // Writes theText, "[]" and CR LF; a file that exists is only written over when quiet is 1 or more. Always 0.
 int SaveMarkedFile(const Text &theFile, const Text &theText, int quiet);
 // Writes theText as it stands and CR LF.
-void PrintToFile(const Text &theFile, Text theText);
+void PrintToFile(const Text &theFile, const Text &theText);
 
 // theFileName with a new random number in place of FileNameNumber; empty when it doesn't hold that.
 Text NewNumberInFileName(const Text &theFileName);

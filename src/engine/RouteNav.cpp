@@ -98,13 +98,13 @@ void RouteTheFile(const Text &theFile)
         const Text depthPrefix = StringMulti(GetDirLevel(theFile, 1), "../");
         const Text source = HostFiles::SourceOfCopy(theFile);
         if (const Text *known = routedTexts.Find(source, depthPrefix)) {
-            frmTheFile::rtb2.Text = *known;
-        } else {
-            LoadFileIntoBox(theFile, frmTheFile::rtb2);
-            frmTheFile::rtb2.Text = RelinkRoutedPage(frmTheFile::rtb2.Text, depthPrefix);
-            if (!source.empty())
-                routedTexts.Keep(source, depthPrefix, frmTheFile::rtb2.Text);
+            PrintToFile(theFile, *known);
+            return;
         }
+        LoadFileIntoBox(theFile, frmTheFile::rtb2);
+        frmTheFile::rtb2.Text = RelinkRoutedPage(frmTheFile::rtb2.Text, depthPrefix);
+        if (!source.empty())
+            routedTexts.Keep(source, depthPrefix, frmTheFile::rtb2.Text);
         // Written over in place rather than deleted first: a failure then costs no file.
         PrintToFile(theFile, frmTheFile::rtb2.Text);
     });

@@ -1,8 +1,8 @@
 #include "engine/RowFinder.h"
 
-static std::size_t Code(char theChar)
+static std::size_t PairOf(char theFirst, char theSecond)
 {
-    return static_cast<unsigned char>(theChar);
+    return static_cast<std::size_t>(static_cast<unsigned char>(theFirst) << 8 | static_cast<unsigned char>(theSecond));
 }
 
 void RowFinder::Sort()
@@ -10,17 +10,19 @@ void RowFinder::Sort()
     revision = list.Revision();
     hasEmptyRow = false;
     beginnings.reset();
-    for (auto &rows : byBeginning)
-        rows.clear();
+    byBeginning.clear();
     for (const Text &row : list.Rows()) {
         if (row.empty()) {
             hasEmptyRow = true;
             continue;
         }
-        byBeginning[Code(row[0])].push_back(row);
-        for (std::size_t second = 0; second < 256; ++second)
-            if (row.size() == 1 || second == Code(row[1]))
-                beginnings.set(Code(row[0]) << 8 | second);
+        // A row of one character stands under all pairs that begin with it.
+        for (int second = 0; second < 256; ++second)
+            if (row.size() == 1 || static_cast<char>(second) == row[1]) {
+                const std::size_t pair = PairOf(row[0], static_cast<char>(second));
+                beginnings.set(pair);
+                byBeginning[pair].push_back(row);
+            }
     }
 }
 
@@ -32,9 +34,10 @@ bool RowFinder::FindsOneIn(const Text &theText)
         return true;
     for (std::size_t at = 0; at < theText.size(); ++at) {
         // Behind the last character stands a zero, which only a row of one character passes.
-        if (!beginnings.test(Code(theText[at]) << 8 | Code(theText.c_str()[at + 1])))
+        const std::size_t pair = PairOf(theText[at], theText.c_str()[at + 1]);
+        if (!beginnings.test(pair))
             continue;
-        for (const Text &row : byBeginning[Code(theText[at])])
+        for (const Text &row : byBeginning[pair])
             if (theText.compare(at, row.size(), row) == 0)
                 return true;
     }

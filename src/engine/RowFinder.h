@@ -1,8 +1,8 @@
 // Finds whether any row of a list stands in a text; every link asks that of hundreds of rows.
 #pragma once
 #include "toolkit/Controls.h"
-#include <array>
 #include <bitset>
+#include <unordered_map>
 
 class RowFinder
 {
@@ -17,6 +17,6 @@ private:
     const ListBox &list;
     std::uint64_t revision = ~std::uint64_t{0};  // of the list when its rows were sorted
     bool hasEmptyRow = false;
-    std::bitset<65536> beginnings;                   // the first two characters of all rows
-    std::array<std::vector<Text>, 256> byBeginning;  // the rows by their first character
+    std::bitset<65536> beginnings;  // the first two characters of all rows
+    std::unordered_map<std::size_t, std::vector<Text>> byBeginning;
 };
