@@ -158,6 +158,60 @@ TEST_F(Run, RoutingKeepsAFileThatCannotBeRead)
     EXPECT_EQ(front.Boxes.size(), 0u) << "in silence";
 }
 
+TEST_F(Run, BytesPassThroughUnchanged)
+{
+    Text every;
+    for (int c = 1; c < 256; ++c)
+        every += static_cast<char>(c);
+    Put("a.htm", every);
+    Put("b.bin", every);
+    RunSite();
+    EXPECT_EQ(OnDisk("0001/a.htm"), LowerText(every) + "\r\n\r\n") << "A to Z alone have small letters";
+    EXPECT_EQ(OnDisk("0001/b.bin"), every);
+}
+
+TEST_F(Run, ASecondRunInTheSameProject)
+{
+    Put("a.htm", "<a href=\"a.htm\">A</a><a href=\"gone.htm\">B</a>");
+    RunSite();
+    const Text records = OnDisk("0001_store/BrokenLinksLinks.sav");
+    ReportFinished = false;
+    UsingQuillmark = true;
+    PutAt(program / "dictionary.lst", "river\r\nstone\r\n");
+    KeywordsPerFilename = 1;
+    RunSite();
+    EXPECT_EQ(OnDisk("0001_store/BrokenLinksLinks.sav"), records) << "of the last run alone";
+    EXPECT_TRUE(std::regex_search(NewFiles(""), std::regex("NEW-(river|stone)\\.htm"))) << NewFiles("");
+    EXPECT_EQ(FilesProcessedCnt, 1);
+
+    CancelRequested = true;
+    RunSite();
+    EXPECT_EQ(FilesProcessedCnt, 0) << "a cancel is never taken back";
+    EXPECT_TRUE(front.Failures.empty());
+}
+
+TEST_F(Run, ADirectoryOfTooManyFilesFailsBeforeItsFirst)
+{
+    std::filesystem::create_directories(site / "many");
+    for (int i = 0; i < 32768; ++i)
+        std::ofstream(site / "many" / std::to_string(i));
+    Put("a.txt", "treated");
+    RunSite();
+    ASSERT_EQ(front.Failures.size(), 1u);
+    EXPECT_EQ(OnDisk("0001/a.txt"), "treated");
+    EXPECT_FALSE(std::filesystem::exists(program / "0001" / "many"));
+}
+
+TEST_F(Run, ALinkIntoItsOwnProjectStopsTheWalk)
+{
+    Put("a/b.htm", "<p>");
+    std::filesystem::create_directory_symlink(program / "0001", site / "z");
+    RunSite();
+    ASSERT_EQ(front.Failures.size(), 1u);
+    EXPECT_EQ(front.Failures[0].Where, "x:\\z");
+    EXPECT_EQ(OnDisk("0001/a/b.htm"), "<p>\r\n");
+}
+
 // The one pass gives what the five replacements give one after the other.
 TEST_F(Run, OnePassEqualsFiveReplacements)
 {
