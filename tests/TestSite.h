@@ -67,7 +67,7 @@ public:
         HostFiles::SetProgramDir(program.string());
         HostFiles::MapDrive('x', site.string());
         Present(&front);
-        HelpBoxOpen = false;
+        HelpBoxOpen = ReportFinished = false;
         FormWidth = 600;
         FormHeight = 435;
     }

@@ -1,5 +1,5 @@
 // The report as a whole, on templates and records made here; and the screens that show it.
-#include "core/AppVars.h"
+#include "TestSite.h"
 #include "core/FileHandle.h"
 #include "core/frmLists.h"
 #include "engine/frmProcess.h"
@@ -8,30 +8,14 @@
 #include "report/frmGeneratingReport.h"
 #include "report/frmHelp.h"
 #include "report/frmReport.h"
-#include "toolkit/HostFiles.h"
-#include "toolkit/Presentation.h"
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <random>
-
-namespace fs = std::filesystem;
 
 namespace
 {
-struct ReportTest : testing::Test {
-    const fs::path dir = fs::temp_directory_path() / ("report-" + std::to_string(std::random_device{}()));
-
+struct ReportTest : TestSite {
     ReportTest()
     {
-        fs::create_directories(dir / "0007");
-        fs::create_directories(dir / "0007_store");
-        fs::copy(fs::path(FERNCASTLE_DATA_DIR) / "imgs", dir / "imgs");
-        HostFiles::SetProgramDir(dir.string());
-        HostFiles::RecheckAfter(0);
-        for (Form *form : Form::All())
-            form->Unload();
-        ReportFinished = false;
+        std::filesystem::create_directory(program / "0007");
+        std::filesystem::create_directory(program / "0007_store");
         ProjectNumber = "0007";
         ProjectName = "Moss <!--lblDomainName-->";
         DomainName = "site.test";
@@ -39,9 +23,7 @@ struct ReportTest : testing::Test {
         frmLists::ListIndexes.SetRows({"index.htm"});
         frmProcess::Menu.optUseFilters.Checked = false;
     }
-    ~ReportTest() override { fs::remove_all(dir); }
-
-    void Put(const Text &theFile, const Text &theText) const { std::ofstream(dir / theFile) << theText; }
+    void Put(const Text &theFile, const Text &theText) const { PutAt(program / theFile, theText); }
     static Text Page(const Text &theFile) { return HostFiles::Read(InStoreDir(theFile)); }
 };
 
@@ -114,14 +96,14 @@ TEST_F(ReportTest, GoesOnWithTemplatesRecordsAndIndexFileMissing)
     EXPECT_EQ(
         Page("report_linksbroken.html"), "B" + TableRow({"p"}) + TableRow({fiveBlanks + "&lt;old&gt;\r\n"}) + "b\r\n");
     EXPECT_FALSE(ifFileExists(InStoreDir("report_linksexternal.html")));
-    fs::remove_all(dir / "0007_store");
+    std::filesystem::remove_all(program / "0007_store");
     EXPECT_EQ(WriteTheReport("report", frmLists::rtbReport), False);
 }
 
 TEST_F(ReportTest, AFailureStopsAtTheTrapOfItsCaller)
 {
     Put("report_template.html", "");
-    fs::remove(dir / "imgs/chkboxDone.jpg");
+    std::filesystem::remove(program / "imgs/chkboxDone.jpg");
     EXPECT_THROW(GenerateReport(), RuntimeFailure);
     frmProcess::btnReport_Click();
     EXPECT_FALSE(ReportFinished || frmReport::Me.Loaded);
