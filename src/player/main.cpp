@@ -43,6 +43,10 @@ int main(int argc, char **argv)
             return word == "--help" ? 0 : endScript;
         }
     }
+    if (!HostFiles::IsDirectory(HostFiles::ProgramDir())) {
+        std::cerr << "there is no program directory " << HostFiles::ProgramDir() << '\n';
+        return endScript;
+    }
     std::ifstream file(scriptFile);
     if (!scriptFile.empty() && !file) {
         std::cerr << "cannot read " << scriptFile << '\n';
