@@ -3,15 +3,14 @@
 #pragma once
 #include "core/AppVars.h"
 #include "toolkit/HostFiles.h"
-#include "toolkit/Presentation.h"
-#include "toolkit/Services.h"
+#include "toolkit/QuietPresentation.h"
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
 #include <sstream>
 
-struct TestFront final : Presentation {
+struct TestFront final : QuietPresentation {
     std::vector<Text> Boxes;
     Text Asked;             // what the last standstill said
     int Answer = answerNo;  // to every question
@@ -36,18 +35,7 @@ struct TestFront final : Presentation {
     void Standstill(const Text &theWhere, const Text &theWhy) override { Asked = theWhere + ": " + theWhy; }
     void Failure(const RuntimeFailure &theFailure) override { Failures.push_back(theFailure); }
     void Ended(int theCode) override { Code = theCode; }
-    void Show(Form &) override {}
-    void Unload(Form &) override {}
-    void Changed(Element &) override {}
-    void Focus(Control &) override {}
     void WaitEvents() override { DoEvents(); }
-    void ShowNow() override {}
-    Text OpenFile(const Text &) override { return {}; }
-    void Navigate(Browser &, const Text &) override {}
-    bool GoBack(Browser &) override { return false; }
-    bool GoForward(Browser &) override { return false; }
-    void Refresh(Browser &) override {}
-    void Stop(Browser &) override {}
 };
 
 class TestSite : public testing::Test

@@ -232,6 +232,11 @@ Text InProgramDir(const Text &theRest)
     return HostFiles::ProgramDir() + "\\" + theRest;
 }
 
+Text PictureOf(const Text &theFile)
+{
+    return LoadPicture(InProgramDir("imgs\\" + theFile));
+}
+
 Text InStoreDir(const Text &theRest)
 {
     return InProgramDir(ProjectNumber + "_store\\" + theRest);

@@ -41,5 +41,7 @@ int SaveVariable(const Text &theName, const Text &theValue, int scope);
 
 // The program directory followed by a backslash and theRest.
 Text InProgramDir(const Text &theRest);
+// The path of a picture of imgs, given by its file's name; a run-time failure when it isn't there.
+Text PictureOf(const Text &theFile);
 // The store directory of the current project followed by a backslash and theRest.
 Text InStoreDir(const Text &theRest);

@@ -27,7 +27,7 @@ void Form_Load()
         Me.Width = 302;
         Me.Height = 447;
         Me.Caption = AppTitle;
-        Me.Picture = LoadPicture(InProgramDir("imgs\\bg_splash.jpg"));
+        Me.Picture = PictureOf("bg_splash.jpg");
         Label1.Caption = "Version " + version;
     });
     // Behind the trap: a missing picture leaves a bare splash that still goes on.

@@ -89,11 +89,6 @@ Timer Timer1{Me, "Timer1", {.Interval = 1, .Enabled = false, .Tick = Timer1_Time
 Timer Timer2{Me, "Timer2", {.Interval = 100, .Enabled = false, .Tick = Timer2_Timer}};
 std::int16_t resumeFlag = 0;  // 1 ends a pause
 
-static void LoadButton(Image &theButton, const Text &theFile)
-{
-    theButton.Picture = LoadPicture(InProgramDir("imgs\\" + theFile));
-}
-
 // Has no trap: a failure is its caller's, who then shows no run screen.
 void Form_Load()
 {
@@ -101,10 +96,10 @@ void Form_Load()
     RefreshMasterKeywordList();
     frmTheFile::Me.Width = FormWidth;
     frmTheFile::Me.Height = FormHeight;
-    LoadButton(btnCancel, "btnCancel.jpg");
-    LoadButton(btnPause, "btnPause.jpg");
-    LoadButton(btnResume, "btnResume.jpg");
-    LoadButton(btnReport, "btnReport.jpg");
+    btnCancel.Picture = PictureOf("btnCancel.jpg");
+    btnPause.Picture = PictureOf("btnPause.jpg");
+    btnResume.Picture = PictureOf("btnResume.jpg");
+    btnReport.Picture = PictureOf("btnReport.jpg");
     Dir1.Visible = false;
     File1.Visible = false;
     lblProjName.Caption = ProjectName;
@@ -117,7 +112,7 @@ void Form_Load()
     RunSpareCnt = 0;
     for (Image *help : {&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded, &hlpLinksInternal, &hlpLinksExternal,
              &hlpLinksBroken, &Image1, &Image2})
-        LoadButton(*help, "btnHelp.jpg");
+        help->Picture = PictureOf("btnHelp.jpg");
     Timer1.Enabled = true;
 }
 

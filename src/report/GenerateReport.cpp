@@ -54,7 +54,7 @@ static Text DetailsLink(const Text &thePage)
 
 static void SetDone(Image &theTick)
 {
-    theTick.Picture = LoadPicture(InProgramDir("imgs\\chkboxDone.jpg"));
+    theTick.Picture = PictureOf("chkboxDone.jpg");
     ShowNow();
 }
 

@@ -53,11 +53,6 @@ Shape Shape1{Frame1, "Shape1", {.At = {Twips(30), Twips(120), Twips(615), Twips(
 Timer Timer1{Me, "Timer1", {.Interval = 100, .Enabled = false, .Tick = Timer1_Timer}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 
-static void SetPicture(Image &theImage, const Text &theFile)
-{
-    theImage.Picture = LoadPicture(InProgramDir("imgs\\" + theFile));
-}
-
 void Form_Load()
 {
     Trap([] {
@@ -68,17 +63,17 @@ void Form_Load()
         Me.Height = FormHeight;
         Me.Width = FormWidth;
         Me.Caption = AppTitle;
-        Me.Picture = LoadPicture(InProgramDir("imgs\\bg_main01.jpg"));
-        SetPicture(chkboxLinksExt, "chkbox01.jpg");
-        SetPicture(chkboxLinksBrk, "chkbox02.jpg");
-        SetPicture(chkboxMediaReport, "chkbox03.jpg");
-        SetPicture(chkboxStatGen, "chkbox04.jpg");
-        SetPicture(chkboxRouteNav, "chkbox05.jpg");
-        SetPicture(hlpLinksExt, "btnHelp.jpg");
-        SetPicture(hlpLinksBrk, "btnHelp.jpg");
-        SetPicture(hlpMedia, "btnHelp.jpg");
-        SetPicture(hlpStatGen, "btnHelp.jpg");
-        SetPicture(hlpRouteNav, "btnHelp.jpg");
+        Me.Picture = PictureOf("bg_main01.jpg");
+        chkboxLinksExt.Picture = PictureOf("chkbox01.jpg");
+        chkboxLinksBrk.Picture = PictureOf("chkbox02.jpg");
+        chkboxMediaReport.Picture = PictureOf("chkbox03.jpg");
+        chkboxStatGen.Picture = PictureOf("chkbox04.jpg");
+        chkboxRouteNav.Picture = PictureOf("chkbox05.jpg");
+        hlpLinksExt.Picture = PictureOf("btnHelp.jpg");
+        hlpLinksBrk.Picture = PictureOf("btnHelp.jpg");
+        hlpMedia.Picture = PictureOf("btnHelp.jpg");
+        hlpStatGen.Picture = PictureOf("btnHelp.jpg");
+        hlpRouteNav.Picture = PictureOf("btnHelp.jpg");
         lblDesc.Caption = Text("Please be patient.") + CRLF +
                           "If there is a large number of external and/or broken links, the report will take a little "
                           "extra time to finish.";

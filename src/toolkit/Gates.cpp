@@ -1,6 +1,7 @@
 // The gates, and the services that hand the program's wishes to the presentation.
 #include "toolkit/HostFiles.h"
 #include "toolkit/Presentation.h"
+#include "toolkit/QuietPresentation.h"
 #include "toolkit/Services.h"
 #include <algorithm>
 #include <chrono>
@@ -11,29 +12,7 @@ void (*WhenTrapped)(const RuntimeFailure &, const char *) = nullptr;
 
 namespace
 {
-// Stands in where there is no front: nothing is seen, every question is answered with No.
-struct Nobody final : Presentation {
-    void Show(Form &) override {}
-    void Unload(Form &) override {}
-    void Changed(Element &) override {}
-    void Focus(Control &) override {}
-    void DoEvents() override {}
-    void WaitEvents() override {}
-    void ShowNow() override {}
-    int MsgBox(const Text &, int theFlags, const Text &) override { return theFlags & msgYesNo ? answerNo : answerOK; }
-    Text OpenFile(const Text &) override { return {}; }
-    void Beep() override {}
-    void Navigate(Browser &, const Text &) override {}
-    bool GoBack(Browser &) override { return false; }
-    bool GoForward(Browser &) override { return false; }
-    void Refresh(Browser &) override {}
-    void Stop(Browser &) override {}
-    void Standstill(const Text &, const Text &) override {}
-    void Failure(const RuntimeFailure &) override {}
-    void Ended(int) override {}
-};
-
-Nobody nobody;
+QuietPresentation nobody;
 Presentation *front = &nobody;
 int gatesOpen = 0;           // gates on the stack
 std::exception_ptr pending;  // what a gate kept from passing the seam

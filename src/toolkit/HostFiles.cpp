@@ -48,11 +48,11 @@ void Guard(const Dir &theDir, std::string_view theName, const Text &thePath)
         Fail("writing is not allowed there", thePath);
 }
 
-Entry *FindFile(const Text &thePath, HostIo::Kind theKind = HostIo::Kind::File)
+Entry *FindFile(const Text &thePath)
 {
     std::string_view name;
     Dir *const dir = FindParent(thePath, name);
-    return dir && !name.empty() ? dir->Find(name, theKind) : nullptr;
+    return dir && !name.empty() ? dir->Find(name, HostIo::Kind::File) : nullptr;
 }
 
 // Waits for the files that are being written beside the program's work.
@@ -157,7 +157,7 @@ Text Read(const Text &theFile)
     Entry &entry = ExistingFile(theFile);
     if (entry.Unwritten)
         MakeOutstanding(entry);
-    return HostIo::Read(entry.CopyOf ? entry.CopyOf->HostPath() : entry.HostPath());
+    return HostIo::Read(entry.BytesPath());
 }
 
 Text SourceOfCopy(const Text &theFile)
@@ -178,7 +178,7 @@ void Write(const Text &theFile, Text theContent)
         return;
     }
     AwaitWriting(entry);
-    HostIo::Write(dir->HostPath + '/' + (entry ? entry->Name : Text(name)), theContent);
+    HostIo::Write(entry ? entry->HostPath() : dir->PathOf(name), theContent);
     if (!entry) {
         dir->Add(name, HostIo::Kind::File);
         return;
@@ -192,7 +192,7 @@ void Append(const Text &theFile, const Text &theContent)
     std::string_view name;
     auto [dir, entry] = Target(theFile, name);
     if (!entry) {
-        HostIo::Append(dir->HostPath + '/' + Text(name), theContent);
+        HostIo::Append(dir->PathOf(name), theContent);
         dir->Add(name, HostIo::Kind::File);
         return;
     }
@@ -223,7 +223,7 @@ void Copy(const Text &theSource, const Text &theTarget)
         source.Size = HostIo::ReadableSize(source.HostPath());
     const std::int64_t size = source.Size;
     if (!entry) {
-        HostIo::MakeFile(dir->HostPath + '/' + Text(name));
+        HostIo::MakeFile(dir->PathOf(name));
         entry = &dir->Add(name, HostIo::Kind::File);
     } else if (!entry->CopyOf) {
         entry->Unwritten = nullptr;
@@ -264,7 +264,7 @@ bool EndsInLineFeed(const Text &theFile)
     const Entry &entry = ExistingFile(theFile);
     if (entry.Unwritten && !entry.Unwritten->empty())
         return entry.Unwritten->back() == '\n';
-    return HostIo::EndsInLineFeed(entry.CopyOf ? entry.CopyOf->HostPath() : entry.HostPath());
+    return HostIo::EndsInLineFeed(entry.BytesPath());
 }
 
 bool MakeDirectory(const Text &theDir)
@@ -277,7 +277,7 @@ bool MakeDirectory(const Text &theDir)
     const bool isProject = dir == FindDir(ProgramDir()) && IsProjectDirectory(name);
     if (!isProject && !IsOwn(*dir, name))
         return false;
-    if (!HostIo::MakeDirectory(dir->HostPath + '/' + Text(name))) {
+    if (!HostIo::MakeDirectory(dir->PathOf(name))) {
         dir->ReadAgain();
         return false;
     }

@@ -57,7 +57,7 @@ Dir *Root(char theLetter)
 
 Text Entry::HostPath() const
 {
-    return In->HostPath + '/' + Name;
+    return In->PathOf(Name);
 }
 
 int CompareIgnoringCase(std::string_view a, std::string_view b)
@@ -113,7 +113,7 @@ bool Dir::HoldsItself(const HostIo::Listed &theName) const
 {
     if (!theName.IsLink || theName.What != HostIo::Kind::Directory)
         return false;
-    const HostIo::Identity target = HostIo::IdentityOf(HostPath + '/' + theName.Name);
+    const HostIo::Identity target = HostIo::IdentityOf(PathOf(theName.Name));
     for (const Dir *dir = this; dir; dir = dir->Parent())
         if (dir->identity == target)
             return true;
@@ -176,7 +176,7 @@ Entry *Dir::Find(std::string_view theName, HostIo::Kind theKind)
     }
     // A directory that may be passed through but not listed still answers for an exact name.
     if (!Result && !isReadable && !theName.empty()) {
-        const HostIo::Kind kind = HostIo::KindOf(HostPath + '/' + Text(theName));
+        const HostIo::Kind kind = HostIo::KindOf(PathOf(theName));
         if (kind != HostIo::Kind::None && (theKind == HostIo::Kind::None || kind == theKind))
             Result = &Add(theName, kind);
     }

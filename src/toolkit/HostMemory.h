@@ -22,6 +22,8 @@ struct Entry {
     std::int64_t Size = -1;                // of a file that could be read, once a copy of it was asked for
 
     Text HostPath() const;
+    // Where its bytes are to be read: of an outstanding copy its source.
+    Text BytesPath() const { return CopyOf ? CopyOf->HostPath() : HostPath(); }
 };
 
 int CompareIgnoringCase(std::string_view a, std::string_view b);
@@ -48,6 +50,8 @@ struct Dir {
     Entry *const Self;    // null for the host's root
     bool Gone = false;
 
+    // The host's path of a name in it.
+    Text PathOf(std::string_view theName) const { return HostPath + '/' + Text(theName); }
     Dir *Parent() const { return Self ? Self->In : nullptr; }
     // Reads the directory anew if it changed; sets Gone when it isn't there any more.
     void Recheck();

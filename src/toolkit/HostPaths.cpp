@@ -61,7 +61,7 @@ Text ToHost(const Text &thePath)
     Dir *const dir = FindParent(path, name);
     if (dir) {
         const Entry *entry = dir->Find(name, HostIo::Kind::None);
-        return dir->HostPath + '/' + (entry ? entry->Name : Text(name));
+        return entry ? entry->HostPath() : dir->PathOf(name);
     }
     Text parent = ToHost(path.substr(0, path.size() - name.size()));
     return parent.empty() ? parent : parent + '/' + Text(name);

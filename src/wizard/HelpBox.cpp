@@ -20,7 +20,7 @@ void ShowHelpBox(Form &theForm, const Text &theHeading, const Text &theText, Fla
     Trap([&] {
         auto &heading = *theForm.Find<Label>("textHBHeading");
         if (!thePicture.empty())
-            theForm.Find<Image>("bg_help")->Picture = LoadPicture(InProgramDir("imgs\\" + thePicture));
+            theForm.Find<Image>("bg_help")->Picture = PictureOf(thePicture);
         if (heading.Caption == theHeading || HelpBoxClosed) {
             HelpBoxClosed = false;
             double direction = 1;

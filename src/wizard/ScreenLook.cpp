@@ -6,7 +6,7 @@
 static void SetPicture(Form &theForm, const Text &theControl, const Text &theFile)
 {
     if (auto *image = theForm.Find<Image>(theControl))
-        image->Picture = LoadPicture(InProgramDir("imgs\\" + theFile));
+        image->Picture = PictureOf(theFile);
 }
 
 static bool CountsAsTrue(const Text &theFlag)
@@ -31,8 +31,7 @@ void ApplyScreenLook(Form &theForm, const Text &theBackground, int withNext, int
             background->Left = 600;
             background->Top = 0;
         }
-        theForm.Picture =
-            LoadPicture(InProgramDir("imgs\\" + (theBackground.empty() ? Text("bg_main01.jpg") : theBackground)));
+        theForm.Picture = PictureOf(theBackground.empty() ? "bg_main01.jpg" : theBackground);
         if (auto *option = theForm.Find<MenuItem>("optShowWelcome"); option && CountsAsTrue(ShowWelcome))
             option->Checked = true;
     });

@@ -22,9 +22,9 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
-        imgLogo.Picture = LoadPicture(InProgramDir("imgs\\logoAbout.jpg"));
-        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        btnDone.Picture = LoadPicture(InProgramDir("imgs\\btnDone.jpg"));
+        imgLogo.Picture = PictureOf("logoAbout.jpg");
+        hlpTitle.Picture = PictureOf("btnHelp.jpg");
+        btnDone.Picture = PictureOf("btnDone.jpg");
         Menu.mnuTools.Visible = false;
         Menu.mnuOptions.Visible = false;
         Menu.optHelp_About.Visible = false;

@@ -35,7 +35,7 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 1);
-        btnExpand.Picture = LoadPicture(InProgramDir("imgs\\btnExpand.jpg"));
+        btnExpand.Picture = PictureOf("btnExpand.jpg");
         // The count shown is the one that frmKeywords left, taken ahead of the file's own. Wanted.
         lblTotalKeywords.Caption = std::to_string(KeywordTotal);
         KeywordTotal = 0;

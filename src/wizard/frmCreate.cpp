@@ -51,8 +51,8 @@ void Form_Load()
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
         Menu.mnuTools.Visible = false;
-        hlpProjName.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpDomainName.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpProjName.Picture = PictureOf("btnHelp.jpg");
+        hlpDomainName.Picture = PictureOf("btnHelp.jpg");
         txtProjName.SetFocus();
     });
 }

@@ -49,8 +49,8 @@ void Form_Load()
         Drive1.Drive = HostFiles::ProgramDir();
         Dir1.Path = HostFiles::ProgramDir();
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
-        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpDomain.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpTitle.Picture = PictureOf("btnHelp.jpg");
+        hlpDomain.Picture = PictureOf("btnHelp.jpg");
         const Text savedDir = InStoreDir(ProjectNumber + ".dir");
         const Text usualDir = LeftPart(HostFiles::ProgramDir(), 3) + "!!\\";
         if (ifFileExists(savedDir))

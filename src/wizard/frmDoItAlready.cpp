@@ -38,7 +38,7 @@ void Form_Load()
             FormHeight = 420;
         }
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 1);
-        btnDoItAlready.Picture = LoadPicture(InProgramDir("imgs\\btnDoItAlready.jpg"));
+        btnDoItAlready.Picture = PictureOf("btnDoItAlready.jpg");
         btnDoItAlready.Left = 166;
         btnDoItAlready.Top = 112;
         lblProjName.Caption = ProjectName;

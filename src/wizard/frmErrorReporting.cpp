@@ -24,8 +24,8 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
-        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        btnDone.Picture = LoadPicture(InProgramDir("imgs\\btnDone.jpg"));
+        hlpTitle.Picture = PictureOf("btnHelp.jpg");
+        btnDone.Picture = PictureOf("btnDone.jpg");
         Menu.mnuTools.Visible = false;
         Menu.mnuOptions.Visible = false;
         Menu.optHelp_ReportingErrors.Visible = false;

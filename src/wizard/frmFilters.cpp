@@ -79,15 +79,15 @@ void Form_Load()
         else
             lblFilterCount.Caption = std::to_string(LoadListFromFile("lst", ProjectNumber + "_store\\filters", List1));
         // The pictures come last: a run asks this screen for its rows, and a missing picture must not cost it those.
-        btnAddFilter.Picture = LoadPicture(InProgramDir("imgs\\btnAddFilter.jpg"));
-        btnRemoveFilter.Picture = LoadPicture(InProgramDir("imgs\\btnRemove.jpg"));
-        btnClearList.Picture = LoadPicture(InProgramDir("imgs\\btnClear.jpg"));
-        btnResetList.Picture = LoadPicture(InProgramDir("imgs\\btnReset.jpg"));
-        btnDone.Picture = LoadPicture(InProgramDir("imgs\\btnDone.jpg"));
-        hlpAddFilter.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpRemoveFilter.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpClearList.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpResetList.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        btnAddFilter.Picture = PictureOf("btnAddFilter.jpg");
+        btnRemoveFilter.Picture = PictureOf("btnRemove.jpg");
+        btnClearList.Picture = PictureOf("btnClear.jpg");
+        btnResetList.Picture = PictureOf("btnReset.jpg");
+        btnDone.Picture = PictureOf("btnDone.jpg");
+        hlpAddFilter.Picture = PictureOf("btnHelp.jpg");
+        hlpRemoveFilter.Picture = PictureOf("btnHelp.jpg");
+        hlpClearList.Picture = PictureOf("btnHelp.jpg");
+        hlpResetList.Picture = PictureOf("btnHelp.jpg");
     });
 }
 

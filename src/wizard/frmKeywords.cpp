@@ -81,15 +81,15 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
-        btn_AddKeyword.Picture = LoadPicture(InProgramDir("imgs\\btnAddKeyword.jpg"));
-        btnLoadKeywords.Picture = LoadPicture(InProgramDir("imgs\\btnLoad.jpg"));
-        btnKeywordClear.Picture = LoadPicture(InProgramDir("imgs\\btnClear.jpg"));
-        btnKeywordRemove.Picture = LoadPicture(InProgramDir("imgs\\btnRemove.jpg"));
-        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        btn_hlpAddKeyword.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpLoadKeywordFile.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpKeywordRemove.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpClearAllKeywords.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        btn_AddKeyword.Picture = PictureOf("btnAddKeyword.jpg");
+        btnLoadKeywords.Picture = PictureOf("btnLoad.jpg");
+        btnKeywordClear.Picture = PictureOf("btnClear.jpg");
+        btnKeywordRemove.Picture = PictureOf("btnRemove.jpg");
+        hlpTitle.Picture = PictureOf("btnHelp.jpg");
+        btn_hlpAddKeyword.Picture = PictureOf("btnHelp.jpg");
+        hlpLoadKeywordFile.Picture = PictureOf("btnHelp.jpg");
+        hlpKeywordRemove.Picture = PictureOf("btnHelp.jpg");
+        hlpClearAllKeywords.Picture = PictureOf("btnHelp.jpg");
         if (ifFileExists(InStoreDir(ProjectNumber + ".key")))
             LoadThoseKeywords(lstKeywords, ProjectNumber);
         KeywordTotal = lstKeywords.ListCount();

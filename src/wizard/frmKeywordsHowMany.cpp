@@ -45,7 +45,7 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
-        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpTitle.Picture = PictureOf("btnHelp.jpg");
         txtKeywordsPerFilename.Text = GATHERFROMFILE(InStoreDir("NumberOfKeywords.sav"));
         if (LowerText(txtKeywordsPerFilename.Text) == "filenotexist")
             txtKeywordsPerFilename.Text = "3";

@@ -40,7 +40,7 @@ void Form_Load()
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
         Menu.mnuTools.Visible = false;
-        hlpList.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpList.Picture = PictureOf("btnHelp.jpg");
         File1.Pattern = "*.pro";
         File1.Path = HostFiles::ProgramDir();
         // Nothing ever shows them again: a project cannot be removed. Wanted.

@@ -37,10 +37,10 @@ void Form_Load()
     Trap([] {
         ApplyScreenLook(Me, "bg_load.jpg", 0, 1);
         Menu.mnuTools.Visible = false;
-        btnLoad.Picture = LoadPicture(InProgramDir("imgs\\optLoad.jpg"));
-        btnCreate.Picture = LoadPicture(InProgramDir("imgs\\optCreate.jpg"));
-        hlpLoad.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpCreate.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        btnLoad.Picture = PictureOf("optLoad.jpg");
+        btnCreate.Picture = PictureOf("optCreate.jpg");
+        hlpLoad.Picture = PictureOf("btnHelp.jpg");
+        hlpCreate.Picture = PictureOf("btnHelp.jpg");
     });
 }
 

@@ -47,13 +47,13 @@ void Form_Load()
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
         Menu.mnuTools.Visible = false;
-        imgTitle.Picture = LoadPicture(InProgramDir("imgs\\title_sm.jpg"));
-        btnFerncastle.Picture = LoadPicture(InProgramDir("imgs\\mnuFerncastle.jpg"));
-        btnFAQ.Picture = LoadPicture(InProgramDir("imgs\\mnuFAQ.jpg"));
-        btnContact.Picture = LoadPicture(InProgramDir("imgs\\mnuContact.jpg"));
-        hlpFerncastle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpFAQ.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
-        hlpContact.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        imgTitle.Picture = PictureOf("title_sm.jpg");
+        btnFerncastle.Picture = PictureOf("mnuFerncastle.jpg");
+        btnFAQ.Picture = PictureOf("mnuFAQ.jpg");
+        btnContact.Picture = PictureOf("mnuContact.jpg");
+        hlpFerncastle.Picture = PictureOf("btnHelp.jpg");
+        hlpFAQ.Picture = PictureOf("btnHelp.jpg");
+        hlpContact.Picture = PictureOf("btnHelp.jpg");
     });
 }
 

@@ -26,7 +26,7 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
-        hlpTitle.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        hlpTitle.Picture = PictureOf("btnHelp.jpg");
         UsingQuillmark = LoadVariable("UsingQuillmark", 1) == "True";
         chkUsingQuillmark.Value = UsingQuillmark;
         lblDesc.Caption =

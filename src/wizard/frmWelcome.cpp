@@ -29,8 +29,8 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 0);
-        imgTitle.Picture = LoadPicture(InProgramDir("imgs\\title.jpg"));
-        hlpWelcome.Picture = LoadPicture(InProgramDir("imgs\\btnHelp.jpg"));
+        imgTitle.Picture = PictureOf("title.jpg");
+        hlpWelcome.Picture = PictureOf("btnHelp.jpg");
         btnNext.SetFocus();
     });
 }

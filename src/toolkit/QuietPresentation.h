@@ -1,0 +1,26 @@
+// The front that stands in where there is none, and the base of one that wants to hear only some things.
+#pragma once
+#include "toolkit/Presentation.h"
+#include "toolkit/Services.h"
+
+// Nothing is seen, every question is answered with No.
+struct QuietPresentation : Presentation {
+    void Show(Form &) override {}
+    void Unload(Form &) override {}
+    void Changed(Element &) override {}
+    void Focus(Control &) override {}
+    void DoEvents() override {}
+    void WaitEvents() override {}
+    void ShowNow() override {}
+    int MsgBox(const Text &, int theFlags, const Text &) override { return theFlags & msgYesNo ? answerNo : answerOK; }
+    Text OpenFile(const Text &) override { return {}; }
+    void Beep() override {}
+    void Navigate(Browser &, const Text &) override {}
+    bool GoBack(Browser &) override { return false; }
+    bool GoForward(Browser &) override { return false; }
+    void Refresh(Browser &) override {}
+    void Stop(Browser &) override {}
+    void Standstill(const Text &, const Text &) override {}
+    void Failure(const RuntimeFailure &) override {}
+    void Ended(int) override {}
+};
