@@ -1,6 +1,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/HostFiles.h"
 #include "toolkit/Presentation.h"
+#include <algorithm>
 
 static const Text noText;
 
@@ -206,12 +207,25 @@ int DirList::ListCount() const
 Text DirList::List(int theIndex) const
 {
     Touch();
-    if (theIndex < 0)
-        return NowPath;
-    if (theIndex >= ListCount())
+    if (theIndex < -Depth() || theIndex >= ListCount())
         return noText;
+    if (theIndex < 0) {
+        Text Result = NowPath;
+        for (int up = theIndex; up < -1; ++up)
+            Result.erase(Result.find_last_of('\\'));
+        return Result.size() == 2 ? Result + '\\' : Result;
+    }
     const Text &name = (*NowNames)[static_cast<std::size_t>(theIndex)];
     return NowPath.back() == '\\' ? NowPath + name : NowPath + '\\' + name;
+}
+
+int DirList::Depth() const
+{
+    Touch();
+    if (NowPath.empty())
+        return 0;
+    const auto slashes = std::count(NowPath.begin(), NowPath.end(), '\\');
+    return static_cast<int>(slashes) + (NowPath.back() == '\\' ? 0 : 1);
 }
 
 int DirList::ListIndex() const

@@ -190,8 +190,11 @@ public:
     // run-time failure when there is no such directory.
     Accessor<DirList, Text> Path{this, &DirList::GetPath, &DirList::SetPath};
     int ListCount() const;
-    // Row theIndex as a full path; row -1 is the current directory.
+    // Row theIndex as a full path. Row -1 is the current directory, row -2 the one above it and so on, up to the
+    // drive's root; what lies beyond either end is empty.
     Text List(int theIndex) const;
+    // How many directories lead to the current one, itself included.
+    int Depth() const;
     // The highlighted row, -1 when it is the current directory.
     int ListIndex() const;
     void Refresh();

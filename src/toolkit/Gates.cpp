@@ -14,8 +14,9 @@ namespace
 {
 QuietPresentation nobody;
 Presentation *front = &nobody;
-int gatesOpen = 0;           // gates on the stack
-std::exception_ptr pending;  // what a gate kept from passing the seam
+int gatesOpen = 0;            // gates on the stack
+unsigned long deedsDone = 0;  // gates opened with none on the stack
+std::exception_ptr pending;   // what a gate kept from passing the seam
 bool hasEnded = false;
 bool hasStarted = false;
 std::uint64_t countedClock = 0;
@@ -66,7 +67,8 @@ template <class Deed> bool Gate(Deed &&theDeed)
     // While the program is on its way out, nothing more is done in it.
     if (hasEnded || pending)
         return false;
-    ++gatesOpen;
+    if (gatesOpen++ == 0)
+        ++deedsDone;
     try {
         theDeed();
     } catch (const RuntimeFailure &failure) {
@@ -112,6 +114,11 @@ Presentation &ThePresentation()
 bool ProgramEnded()
 {
     return hasEnded;
+}
+
+unsigned long DeedsDone()
+{
+    return deedsDone;
 }
 
 int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
@@ -201,18 +208,25 @@ bool UserDoubleClick(ListBox &theList)
     return Gate([&] { Run(theList.Design.DblClick); });
 }
 
-bool UserKey(TextBox &theBox, char theKey)
+bool UserKeyPress(TextBox &theBox, int &theKey)
 {
     if (!CanReach(theBox))
         return false;
     return Gate([&] {
-        int key = static_cast<unsigned char>(theKey);
         if (theBox.Design.KeyPress)
-            theBox.Design.KeyPress(key);
+            theBox.Design.KeyPress(theKey);
         // The handler may have closed the screen; Enter itself changes nothing in a box of one line.
-        if (key != 0 && key != '\r' && theBox.Owner.Loaded)
-            theBox.Text += Text(1, static_cast<char>(key));
+        if (theKey == '\r' || !theBox.Owner.Loaded)
+            theKey = 0;
     });
+}
+
+bool UserKey(TextBox &theBox, char theKey)
+{
+    int key = static_cast<unsigned char>(theKey);
+    if (!UserKeyPress(theBox, key))
+        return false;
+    return key == 0 || UserEdit(theBox, theBox.Now.Caption + static_cast<char>(key));
 }
 
 bool UserEdit(TextBox &theBox, const Text &theText)
@@ -234,7 +248,7 @@ bool UserSelect(ListBox &theList, int theIndex)
 
 bool UserHighlight(DirList &theList, int theIndex)
 {
-    if (!CanReach(theList) || theIndex < -1 || theIndex >= theList.ListCount())
+    if (!CanReach(theList) || theList.List(theIndex).empty())
         return false;
     return Gate([&] { theList.NowIndex = theIndex; });
 }

@@ -57,10 +57,12 @@ bool StartProgram(Form &theFirstForm);
 bool CanReach(const Control &theControl);
 bool UserClick(Control &theControl);
 bool UserDoubleClick(ListBox &theList);
-bool UserKey(TextBox &theBox, char theKey);           // a printing key at the end of the text, or Enter as '\r'
+bool UserKey(TextBox &theBox, char theKey);  // a printing key at the end of the text, or Enter as '\r'
+// Lets the box's handler see a key, Enter as '\r', before it takes effect; theKey is what the handler leaves of it.
+bool UserKeyPress(TextBox &theBox, int &theKey);
 bool UserEdit(TextBox &theBox, const Text &theText);  // any other change of the text
 bool UserSelect(ListBox &theList, int theIndex);
-bool UserHighlight(DirList &theList, int theIndex);  // a single click on a row
+bool UserHighlight(DirList &theList, int theIndex);  // a single click on a row, see DirList::List
 bool UserGo(DirList &theList, const Text &thePath);  // a double click, or a path dropped on it
 bool UserPick(DriveList &theList, const Text &theDrive);
 bool UserTool(ToolBar &theBar, const Text &theKey);
@@ -73,3 +75,5 @@ bool BrowserTitled(Browser &theBrowser, const Text &theTitle);
 
 // True once the program has ended; gates do nothing then.
 bool ProgramEnded();
+// Counts what was done to the program; all that happens inside one deed, a whole run too, belongs to that deed.
+unsigned long DeedsDone();

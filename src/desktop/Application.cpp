@@ -1,0 +1,54 @@
+#include "desktop/Application.h"
+#include "core/FileHandle.h"
+#include "desktop/QtText.h"
+#include "desktop/Theme.h"
+#include "toolkit/HostFiles.h"
+#include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+#include <QMessageBox>
+#include <QStyleFactory>
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+namespace Application
+{
+void PrepareProcess()
+{
+#ifdef Q_OS_UNIX
+    // The browser's sandbox can't be set up by root and would end the process; for everybody else it stays.
+    if (geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+#endif
+    QGuiApplication::setDesktopFileName(QStringLiteral("ferncastle"));
+    QCoreApplication::setApplicationName(QStringLiteral("ferncastle"));
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+}
+
+void Dress()
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setPalette(Theme::WholePalette());
+    Theme::LoadFonts();
+    QApplication::setFont(Theme::FontOf(Look::Body));
+    QIcon icon;
+    for (const char *side : {"16", "24", "32", "48", "64", "128", "256"})
+        icon.addFile(Shown(HostFiles::ToHost(InProgramDir(Text("icons\\ferncastle-") + side + ".png"))));
+    QApplication::setWindowIcon(icon);
+}
+
+bool CanKeepProjects()
+{
+    const QString directory = Shown(HostFiles::ToHost(HostFiles::ProgramDir()));
+    if (QFileInfo(directory).isWritable())
+        return true;
+    QMessageBox::critical(nullptr, QStringLiteral("Ferncastle"),
+        QObject::tr(
+            "Ferncastle keeps its projects and the expanded sites in its own directory:\n\n%1\n\nThis directory "
+            "can't be written. Please copy it to a place of your own, such as your home directory, and start "
+            "Ferncastle from there.")
+            .arg(directory));
+    return false;
+}
+}  // namespace Application

@@ -1,0 +1,98 @@
+#include "desktop/Boxes.h"
+#include "desktop/QtText.h"
+#include "toolkit/Services.h"
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace Boxes
+{
+// Paths hold no blanks to break at; a place of no width behind each backslash lets a long one go on in the next line.
+static QString Breakable(const Text &theText)
+{
+    return Shown(theText).replace(QStringLiteral("\\"), QStringLiteral("\\\u200B"));
+}
+
+static QMessageBox::Icon IconOf(int theFlags)
+{
+    switch (theFlags & 0x70) {
+    case msgStop:
+        return QMessageBox::Critical;
+    case 32:
+        return QMessageBox::Question;
+    case 48:
+        return QMessageBox::Warning;
+    case 64:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+int Ask(
+    QWidget *theParent, const Text &thePrompt, int theFlags, const Text &theTitle, bool hasOptOut, bool &wantsNoMore)
+{
+    QMessageBox box(IconOf(theFlags), Shown(theTitle), Breakable(thePrompt), QMessageBox::NoButton, theParent);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    wantsNoMore = false;
+    if (!(theFlags & msgYesNo)) {
+        box.addButton(QMessageBox::Ok);
+        QCheckBox optOut(QObject::tr("Don't show this message again during this run"));
+        if (hasOptOut)
+            box.setCheckBox(&optOut);
+        box.exec();
+        wantsNoMore = hasOptOut && optOut.isChecked();
+        box.setCheckBox(nullptr);
+        return answerOK;
+    }
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(theFlags & msgThirdDefault ? QMessageBox::No : QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes ? answerYes : answerNo;
+}
+
+// "Words (*.txt)|*.txt|(*.*)|*.*|" as "Words (*.txt);;All files (*)".
+static QString FiltersOf(const Text &theFilter)
+{
+    QStringList Result;
+    const QStringList pieces = Shown(theFilter).split('|', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i + 1 < pieces.size(); i += 2) {
+        const QString words = pieces[i].left(pieces[i].indexOf('(')).trimmed();
+        const bool isAll = pieces[i + 1] == QStringLiteral("*.*");
+        Result += (words.isEmpty() ? QObject::tr("All files") : words) + QStringLiteral(" (") +
+                  (isAll ? QStringLiteral("*") : pieces[i + 1]) + QStringLiteral(")");
+    }
+    return Result.join(QStringLiteral(";;"));
+}
+
+QString ChooseFile(QWidget *theParent, const Text &theFilter, const QString &theStart)
+{
+    return QFileDialog::getOpenFileName(theParent, QObject::tr("Open"), theStart, FiltersOf(theFilter));
+}
+
+void TellFailure(QWidget *theParent, const RuntimeFailure &theFailure)
+{
+    QMessageBox box(
+        QMessageBox::Critical, Shown(DefaultBoxTitle), QObject::tr("Run-time failure"), QMessageBox::Ok, theParent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(Breakable(theFailure.What + "\r\n\r\n" + theFailure.Where) +
+                           QObject::tr("\n\nThe program ends now. What it has written so far stays."));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.exec();
+}
+
+bool WantsToWait(QWidget *theParent, const Text &theWhere, const Text &theWhy)
+{
+    const QString title = Shown(DefaultBoxTitle.empty() ? "Ferncastle" : DefaultBoxTitle);
+    QMessageBox box(
+        QMessageBox::Warning, title, QObject::tr("Ferncastle is not responding"), QMessageBox::NoButton, theParent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(Breakable(theWhy + "\r\n\r\n" + theWhere));
+    const QPushButton *wait = box.addButton(QObject::tr("Wait"), QMessageBox::RejectRole);
+    box.setDefaultButton(box.addButton(QObject::tr("End Program"), QMessageBox::AcceptRole));
+    box.exec();
+    return box.clickedButton() == wait;
+}
+}  // namespace Boxes

@@ -1,0 +1,25 @@
+// What the user does at the windows, on its way to the gates. A build with FERNCASTLE_LOG_DEEDS also writes it to
+// standard output in the player's language, so that what was done once at the windows can be played again.
+#pragma once
+#include "toolkit/Presentation.h"
+
+namespace Deeds
+{
+// Each as the gate of that name; false when it could not be done just now.
+bool Click(Control &theControl);
+bool DoubleClick(ListBox &theList);
+// A key that the box's handler is to see before it takes effect; theKey is what the handler leaves of it, 0 nothing.
+bool KeyPress(TextBox &theBox, int &theKey);
+bool Edit(TextBox &theBox, const Text &theText);
+bool Select(ListBox &theList, int theIndex);
+bool Highlight(DirList &theList, int theIndex);
+bool Go(DirList &theList, const Text &thePath);
+bool Pick(DriveList &theList, const Text &theDrive);
+bool Tool(ToolBar &theBar, const Text &theKey);
+bool Close(Form &theForm);
+// What a box was answered, a dialog gave, how often the program has yielded; the end of the program.
+void Answered(bool isYes);
+void Chose(const Text &theFile);
+void Yielded();
+void Ended();
+}  // namespace Deeds

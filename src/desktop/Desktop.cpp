@@ -1,0 +1,326 @@
+#include "desktop/Desktop.h"
+#include "desktop/Boxes.h"
+#include "desktop/Deeds.h"
+#include "desktop/QtText.h"
+#include "toolkit/HostFiles.h"
+#include "toolkit/Services.h"
+#include <QApplication>
+#include <QFileInfo>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <algorithm>
+
+using namespace std::chrono_literals;
+
+// Between two looks at what the user did, counted from the end of the last one: short enough for a click to be answered
+// at once, long enough for a run to be hardly slowed by its counts being painted.
+static constexpr auto yieldEvery = 16ms;
+static constexpr int boxesBeforeOptOut = 2;
+
+Desktop::Desktop()
+{
+    heartbeat.setInterval(100);
+    heartbeat.start();
+}
+
+// Windows go before the application does; a page view must not outlive it.
+Desktop::~Desktop()
+{
+    Present(nullptr);
+    windows.clear();
+}
+
+int Desktop::Run(Form &theFirstForm)
+{
+    Present(this);
+    StartProgram(theFirstForm);
+    if (!hasEnded)
+        QApplication::exec();
+    return code;
+}
+
+Window *Desktop::WindowOf(const Form &theForm) const
+{
+    const auto found = windows.find(&theForm);
+    return found == windows.end() ? nullptr : found->second.get();
+}
+
+QWidget *Desktop::Foremost() const
+{
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    return order.empty() ? nullptr : WindowOf(*order.back());
+}
+
+// A screen comes up where the one before it stands, so that the wizard seems one window.
+void Desktop::Place(Window &theWindow)
+{
+    const QRect screen = theWindow.screen()->availableGeometry();
+    if (theWindow.TheForm.Design.Sizable) {
+        theWindow.resize(screen.size() * 4 / 5);
+        theWindow.setWindowState(Qt::WindowMaximized);
+        return;
+    }
+    if (!hasPlace || theWindow.windowFlags().testFlag(Qt::FramelessWindowHint)) {
+        theWindow.move(screen.center() - theWindow.rect().center());
+    } else {
+        for (auto form = order.rbegin(); form != order.rend(); ++form)
+            if (!(*form)->Design.Sizable) {
+                lastPlace = WindowOf(**form)->pos();
+                break;
+            }
+        theWindow.move(lastPlace);
+    }
+    lastPlace = theWindow.pos();
+    theWindow.TheForm.Now.Left = lastPlace.x();
+    hasPlace = hasPlace || !theWindow.windowFlags().testFlag(Qt::FramelessWindowHint);
+}
+
+void Desktop::Show(Form &theForm)
+{
+    std::unique_ptr<Window> &window = windows[&theForm];
+    // Somebody who works in another program meanwhile is told, not interrupted.
+    const bool isElsewhere = !order.empty() && QGuiApplication::applicationState() != Qt::ApplicationActive;
+    const bool isNew = !window;
+    if (isNew) {
+        window = std::make_unique<Window>(theForm);
+        connect(window.get(), &Window::HandlerRan, this, &Desktop::ShowChanges);
+        Place(*window);
+        window->setAttribute(Qt::WA_ShowWithoutActivating, isElsewhere);
+    }
+    std::erase(order, &theForm);
+    order.push_back(&theForm);
+    if (window->isMinimized())
+        window->showNormal();
+    else
+        window->show();
+    window->raise();
+    if (isElsewhere)
+        QApplication::alert(window.get());
+    else
+        window->activateWindow();
+    if (isNew) {
+        window->GiveFocus(std::exchange(focusWanted[&theForm], nullptr));
+        for (Element *element : theForm.Elements()) {
+            if (auto *timer = dynamic_cast<Timer *>(element))
+                FollowTimer(*timer);
+            if (auto *browser = dynamic_cast<Browser *>(element); browser && addressWanted.contains(browser))
+                Navigate(*browser, addressWanted[browser]);
+        }
+    }
+    nextYield = {};
+}
+
+void Desktop::Unload(Form &theForm)
+{
+    for (Element *element : theForm.Elements()) {
+        changed.erase(element);
+        if (auto *timer = dynamic_cast<Timer *>(element))
+            if (const auto found = timers.find(timer); found != timers.end()) {
+                found->second->stop();
+                // Its own handler may be running.
+                found->second.release()->deleteLater();
+                timers.erase(found);
+            }
+        if (auto *browser = dynamic_cast<Browser *>(element))
+            addressWanted.erase(browser);
+    }
+    changed.erase(&theForm);
+    focusWanted.erase(&theForm);
+    std::erase(order, &theForm);
+    if (const auto found = windows.find(&theForm); found != windows.end()) {
+        if (!theForm.Design.Sizable && hasPlace)
+            lastPlace = found->second->pos();
+        found->second->hide();
+        // The click that closes it may have come from one of its own widgets.
+        found->second.release()->deleteLater();
+        windows.erase(found);
+    }
+}
+
+void Desktop::Changed(Element &theElement)
+{
+    if (auto *timer = dynamic_cast<Timer *>(&theElement)) {
+        FollowTimer(*timer);
+        return;
+    }
+    Window *window = WindowOf(theElement.Owner);
+    if (!window)
+        return;
+    if (&theElement == &theElement.Owner)
+        window->FollowSize();
+    if (changed.empty())
+        QMetaObject::invokeMethod(this, &Desktop::ShowChanges, Qt::QueuedConnection);
+    changed.insert(&theElement);
+}
+
+void Desktop::ShowChanges()
+{
+    // What is shown here may change further things.
+    for (Element *element : std::exchange(changed, {}))
+        if (Window *window = WindowOf(element->Owner))
+            window->Update(*element);
+}
+
+void Desktop::Focus(Control &theControl)
+{
+    if (Window *window = WindowOf(theControl.Owner)) {
+        ShowChanges();
+        window->GiveFocus(&theControl);
+    } else {
+        focusWanted[&theControl.Owner] = &theControl;
+    }
+}
+
+void Desktop::FollowTimer(Timer &theTimer)
+{
+    if (!theTimer.Owner.Loaded || !theTimer.Now.Enabled || theTimer.Now.Interval <= 0) {
+        if (const auto found = timers.find(&theTimer); found != timers.end())
+            found->second->stop();
+        return;
+    }
+    auto &timer = timers[&theTimer];
+    if (!timer) {
+        timer = std::make_unique<QTimer>();
+        timer->setTimerType(Qt::PreciseTimer);
+        connect(timer.get(), &QTimer::timeout, this, [this, &theTimer] {
+            if (!isPaintingOnly)
+                TimerTick(theTimer);
+        });
+    }
+    timer->start(theTimer.Now.Interval);
+}
+
+void Desktop::Serve(QEventLoop::ProcessEventsFlags theFlags)
+{
+    ShowChanges();
+    QCoreApplication::processEvents(theFlags);
+    nextYield = Clock::now() + yieldEvery;
+}
+
+void Desktop::DoEvents()
+{
+    Deeds::Yielded();
+    if (Clock::now() >= nextYield)
+        Serve(QEventLoop::AllEvents);
+}
+
+void Desktop::WaitEvents()
+{
+    Deeds::Yielded();
+    Serve(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+void Desktop::ShowNow()
+{
+    const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
+    Serve(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    for (const Form *form : order)
+        if (Window *window = WindowOf(*form); window && window->isVisible())
+            window->repaint();
+}
+
+int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
+{
+    HostFiles::Settle();
+    ShowChanges();
+    if (run != DeedsDone())
+        boxesShown.clear();
+    run = DeedsDone();
+    // Boxes of one deed: a run over a large site may have the same thing to say a thousand times.
+    const Text box = theTitle + "\n" + thePrompt;
+    const int times = boxesShown[box];
+    if (times < 0)
+        return answerOK;
+    bool wantsNoMore = false;
+    const int Result = Boxes::Ask(Foremost(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore);
+    if (theFlags & msgYesNo)
+        Deeds::Answered(Result == answerYes);
+    else
+        boxesShown[box] = wantsNoMore ? -1 : times + 1;
+    nextYield = {};
+    return Result;
+}
+
+Text Desktop::OpenFile(const Text &theFilter)
+{
+    HostFiles::Settle();
+    ShowChanges();
+    if (lastDirectory.isEmpty())
+        lastDirectory = Shown(HostFiles::ToHost(HostFiles::ProgramDir()));
+    const QString file = Boxes::ChooseFile(Foremost(), theFilter, lastDirectory);
+    if (!file.isEmpty())
+        lastDirectory = QFileInfo(file).path();
+    const Text Result = file.isEmpty() ? Text() : HostFiles::FromHost(FromShown(file));
+    Deeds::Chose(Result);
+    return Result;
+}
+
+void Desktop::Beep()
+{
+    QApplication::beep();
+}
+
+void Desktop::Navigate(Browser &theBrowser, const Text &theAddress)
+{
+    if (Window *window = WindowOf(theBrowser.Owner))
+        window->PagesOf(theBrowser).Open(UrlOf(theAddress));
+    else
+        addressWanted[&theBrowser] = theAddress;
+}
+
+bool Desktop::GoBack(Browser &theBrowser)
+{
+    Window *window = WindowOf(theBrowser.Owner);
+    return window && window->PagesOf(theBrowser).Back();
+}
+
+bool Desktop::GoForward(Browser &theBrowser)
+{
+    Window *window = WindowOf(theBrowser.Owner);
+    return window && window->PagesOf(theBrowser).Forward();
+}
+
+void Desktop::Refresh(Browser &theBrowser)
+{
+    if (Window *window = WindowOf(theBrowser.Owner))
+        window->PagesOf(theBrowser).Reload();
+}
+
+void Desktop::Stop(Browser &theBrowser)
+{
+    if (Window *window = WindowOf(theBrowser.Owner))
+        window->PagesOf(theBrowser).Stop();
+}
+
+void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
+{
+    ShowChanges();
+    while (Boxes::WantsToWait(Foremost(), theWhere, theWhy)) {
+        // The program stands still; its windows are painted, and take nothing.
+        const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
+        for (const auto until = Clock::now() + 10s; Clock::now() < until;)
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    }
+}
+
+void Desktop::Failure(const RuntimeFailure &theFailure)
+{
+    ShowChanges();
+    Boxes::TellFailure(Foremost(), theFailure);
+}
+
+void Desktop::Ended(int theCode)
+{
+    Deeds::Ended();
+    hasEnded = true;
+    code = theCode;
+    for (auto &[timer, clock] : timers) {
+        clock->stop();
+        clock.release()->deleteLater();
+    }
+    timers.clear();
+    for (const auto &[form, window] : windows)
+        window->hide();
+    QCoreApplication::exit(theCode);
+}

@@ -1,0 +1,59 @@
+#include "desktop/Entry.h"
+#include "desktop/Deeds.h"
+#include "desktop/QtText.h"
+#include "desktop/Theme.h"
+#include <QKeyEvent>
+#include <QPointer>
+
+Entry::Entry(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), box(theBox)
+{
+    setFont(Theme::FontOf(Look::Body));
+    connect(this, &QLineEdit::textEdited, this, [this](const QString &theText) {
+        if (!Deeds::Edit(box, FromShown(theText)))
+            Update();
+    });
+}
+
+void Entry::Update()
+{
+    if (const QString words = Shown(box.Now.Caption); words != text()) {
+        setText(words);
+        // An address is read from its head.
+        if (!hasFocus())
+            setCursorPosition(0);
+    }
+}
+
+// Whether anything is left of the key once the program's handler has seen it.
+bool Entry::TakesKey(int theKey)
+{
+    const QPointer<Entry> me(this);
+    const bool isTaken = Deeds::KeyPress(box, theKey) && theKey != 0;
+    if (!me || !box.Owner.Visible)
+        return false;
+    emit HandlerRan();
+    return isTaken;
+}
+
+void Entry::keyPressEvent(QKeyEvent *theEvent)
+{
+    if (theEvent->key() == Qt::Key_Return || theEvent->key() == Qt::Key_Enter) {
+        if (box.Design.KeyPress)
+            TakesKey('\r');
+        else
+            emit EnterUnused();
+        return;
+    }
+    const QString words = theEvent->text();
+    const bool isTyping = !words.isEmpty() && words.at(0).isPrint() &&
+                          !(theEvent->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (isTyping && box.Design.KeyPress) {
+        const QPointer<Entry> me(this);
+        for (const char key : FromShown(words))
+            if (!TakesKey(static_cast<unsigned char>(key)))
+                return;
+        if (!me)
+            return;
+    }
+    QLineEdit::keyPressEvent(theEvent);
+}

@@ -1,0 +1,92 @@
+#include "desktop/Labels.h"
+#include "desktop/QtText.h"
+#include "desktop/Theme.h"
+#include <QMouseEvent>
+#include <QPainter>
+
+static constexpr int cardHeight = 26;  // values and counts at least as high stand on a card
+static constexpr int cardMargin = 9;
+
+TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
+    : QLabel(theParent), label(theLabel),
+      isOneLine(label.Design.Style == Look::Value || label.Design.Style == Look::Counter),
+      isOnCard(isOneLine && label.Design.At.Height >= cardHeight)
+{
+    setTextFormat(Qt::PlainText);
+    setFont(Theme::FontOf(label.Design.Style));
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, Theme::InkOf(label.Design.Style));
+    setPalette(colours);
+    setWordWrap(!isOneLine);
+    const int lineHeight = fontMetrics().lineSpacing();
+    const bool isHigh = label.Design.At.Height >= 2 * lineHeight;
+    setAlignment(label.Design.Style == Look::Splash ? Qt::AlignCenter
+                 : isHigh                           ? Qt::AlignTop | Qt::AlignLeft
+                                                    : Qt::AlignVCenter | Qt::AlignLeft);
+    if (label.Design.Style == Look::Counter && isOnCard)
+        setAlignment(Qt::AlignVCenter | Qt::AlignRight);
+    if (isOnCard)
+        setContentsMargins(cardMargin, 0, cardMargin, 0);
+    // Without a Click, what lies below gets the mouse: a check box may reach below its words.
+    if (label.Design.Click)
+        setCursor(Qt::PointingHandCursor);
+    else if (!isOneLine)
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void TextLabel::Update()
+{
+    if (QString words = Shown(label.Now.Caption); words != text()) {
+        setText(words);
+        if (isOneLine)
+            setToolTip(fontMetrics().horizontalAdvance(words) > contentsRect().width() ? words : QString());
+    }
+}
+
+void TextLabel::mouseReleaseEvent(QMouseEvent *theEvent)
+{
+    if (theEvent->button() == Qt::LeftButton && rect().contains(theEvent->position().toPoint()))
+        emit Pressed();
+}
+
+void TextLabel::paintEvent(QPaintEvent *theEvent)
+{
+    if (!isOneLine) {
+        QLabel::paintEvent(theEvent);
+        return;
+    }
+    QPainter painter(this);
+    if (isOnCard) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Theme::CardLine);
+        painter.setBrush(Theme::White);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+    }
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QRect place = contentsRect();
+    painter.drawText(place, static_cast<int>(alignment()) | Qt::TextSingleLine,
+        fontMetrics().elidedText(text(), Qt::ElideMiddle, place.width()));
+}
+
+HelpReading::HelpReading(Label &theLabel, QWidget *theParent) : QTextEdit(theParent), label(theLabel)
+{
+    setReadOnly(true);
+    setTabChangesFocus(true);
+    setFont(Theme::FontOf(label.Design.Style));
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(QFrame::NoFrame);
+    document()->setDocumentMargin(0);
+    viewport()->setAutoFillBackground(false);
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, Qt::transparent);
+    colours.setColor(QPalette::Text, Theme::InkOf(label.Design.Style));
+    setPalette(colours);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void HelpReading::Update()
+{
+    if (const QString words = Shown(label.Now.Caption); words != toPlainText())
+        setPlainText(words);
+}

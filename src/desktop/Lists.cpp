@@ -1,0 +1,195 @@
+#include "desktop/Lists.h"
+#include "desktop/Deeds.h"
+#include "desktop/QtText.h"
+#include "desktop/Theme.h"
+#include "toolkit/HostFiles.h"
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+static void Dress(QListView &theView)
+{
+    theView.setFont(Theme::FontOf(Look::Body));
+    theView.setUniformItemSizes(true);
+    theView.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    theView.setTextElideMode(Qt::ElideMiddle);
+    theView.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+// Not the view's own signal of a row that is activated: some desktops give it for a single click.
+static bool IsEnter(const QKeyEvent &theEvent)
+{
+    return theEvent.key() == Qt::Key_Return || theEvent.key() == Qt::Key_Enter;
+}
+
+int RowsModel::rowCount(const QModelIndex &theParent) const
+{
+    return theParent.isValid() ? 0 : static_cast<int>(list.NowRows.size());
+}
+
+QVariant RowsModel::data(const QModelIndex &theIndex, int theRole) const
+{
+    const auto row = static_cast<std::size_t>(theIndex.row());
+    if ((theRole != Qt::DisplayRole && theRole != Qt::ToolTipRole) || row >= list.NowRows.size())
+        return {};
+    return Shown(list.NowRows[row]);
+}
+
+void RowsModel::Reread()
+{
+    beginResetModel();
+    endResetModel();
+}
+
+RowList::RowList(ListBox &theList, QWidget *theParent)
+    : QListView(theParent), list(theList), rows(new RowsModel(theList, this))
+{
+    Dress(*this);
+    setModel(rows);
+    connect(this, &QListView::doubleClicked, this, [this] { Deeds::DoubleClick(list); });
+}
+
+void RowList::Update()
+{
+    const QScopedValueRollback<bool> updating(isUpdating, true);
+    if (revision != list.Revision()) {
+        revision = list.Revision();
+        const int top = verticalScrollBar()->value();
+        rows->Reread();
+        verticalScrollBar()->setValue(top);
+    }
+    const QModelIndex row = list.NowIndex < 0 ? QModelIndex() : rows->index(list.NowIndex);
+    if (row != currentIndex()) {
+        setCurrentIndex(row);
+        if (!row.isValid())
+            clearSelection();
+    }
+}
+
+void RowList::currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious)
+{
+    QListView::currentChanged(theCurrent, thePrevious);
+    if (!isUpdating && theCurrent.isValid() && theCurrent.row() != list.NowIndex)
+        Deeds::Select(list, theCurrent.row());
+}
+
+void RowList::keyPressEvent(QKeyEvent *theEvent)
+{
+    if (IsEnter(*theEvent) && list.Design.DblClick)
+        Deeds::DoubleClick(list);
+    else
+        QListView::keyPressEvent(theEvent);
+}
+
+int DirRowsModel::ViewRow(int theIndex) const
+{
+    return depth + theIndex;
+}
+
+int DirRowsModel::ListRow(int theViewRow) const
+{
+    return theViewRow - depth;
+}
+
+int DirRowsModel::rowCount(const QModelIndex &theParent) const
+{
+    return theParent.isValid() ? 0 : depth + list.ListCount();
+}
+
+QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
+{
+    const int row = ListRow(theIndex.row());
+    const Text path = list.List(row);
+    if (theRole == Qt::ToolTipRole)
+        return Shown(path);
+    if (theRole != Qt::DisplayRole && theRole != Qt::AccessibleTextRole)
+        return {};
+    const std::size_t lastSlash = path.find_last_of('\\');
+    const QString name = Shown(path.size() == 3 ? path : path.substr(lastSlash + 1));
+    if (theRole == Qt::AccessibleTextRole)
+        return name;
+    const auto indent = static_cast<qsizetype>(2 * std::min(row < 0 ? theIndex.row() : depth, 12));
+    return QString(indent, QChar(0x2002)) + (row < 0 ? QStringLiteral("\u25BE ") : QStringLiteral("\u25B8 ")) + name;
+}
+
+void DirRowsModel::Reread()
+{
+    beginResetModel();
+    depth = list.Depth();
+    endResetModel();
+}
+
+DirRows::DirRows(DirList &theList, QWidget *theParent)
+    : QListView(theParent), list(theList), rows(new DirRowsModel(theList, this))
+{
+    Dress(*this);
+    setModel(rows);
+    connect(this, &QListView::doubleClicked, this, &DirRows::GoToRow);
+}
+
+void DirRows::Update()
+{
+    const QScopedValueRollback<bool> updating(isUpdating, true);
+    if (path != list.NowPath || names != list.NowNames) {
+        path = list.NowPath;
+        names = list.NowNames;
+        rows->Reread();
+        // The way here shows above what lies here.
+        scrollTo(rows->index(std::max(0, rows->ViewRow(-3))), QAbstractItemView::PositionAtTop);
+    }
+    if (const QModelIndex row = rows->index(rows->ViewRow(list.NowIndex)); row != currentIndex())
+        setCurrentIndex(row);
+}
+
+void DirRows::GoToRow(const QModelIndex &theRow)
+{
+    if (const Text to = list.List(rows->ListRow(theRow.row())); !to.empty() && to != list.NowPath)
+        Deeds::Go(list, to);
+}
+
+void DirRows::currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious)
+{
+    QListView::currentChanged(theCurrent, thePrevious);
+    if (!isUpdating && theCurrent.isValid() && rows->ListRow(theCurrent.row()) != list.NowIndex)
+        Deeds::Highlight(list, rows->ListRow(theCurrent.row()));
+}
+
+void DirRows::keyPressEvent(QKeyEvent *theEvent)
+{
+    // One directory up, as in other pickers.
+    if (theEvent->key() == Qt::Key_Backspace && !list.List(-2).empty())
+        Deeds::Go(list, list.List(-2));
+    else if (IsEnter(*theEvent))
+        GoToRow(currentIndex());
+    else
+        QListView::keyPressEvent(theEvent);
+}
+
+DriveBox::DriveBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent), list(theList)
+{
+    setFont(Theme::FontOf(Look::Body));
+    ReadDrives();
+    connect(this, &QComboBox::activated, this, [this](int theRow) {
+        Deeds::Pick(list, FromShown(itemData(theRow).toString()));
+        Update();
+    });
+}
+
+void DriveBox::ReadDrives()
+{
+    clear();
+    for (const Text &drive : HostFiles::Drives()) {
+        const Text place = HostFiles::ToHost(drive + "\\");
+        const QString words = place == "/" ? QStringLiteral("this computer") : Shown(place);
+        addItem(Shown(drive) + QStringLiteral("   ") + (Shown(place).startsWith(Shown(drive)) ? QString() : words),
+            Shown(drive));
+    }
+}
+
+void DriveBox::Update()
+{
+    const QString drive = Shown(list.NowDrive);
+    if (findData(drive) < 0)
+        ReadDrives();
+    setCurrentIndex(findData(drive));
+}

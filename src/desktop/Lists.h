@@ -1,0 +1,90 @@
+// Lists of rows, and the pickers of drive and directory.
+#pragma once
+#include "toolkit/Controls.h"
+#include <QAbstractListModel>
+#include <QComboBox>
+#include <QListView>
+
+// The rows of a list box.
+class RowsModel : public QAbstractListModel
+{
+    Q_OBJECT
+public:
+    RowsModel(ListBox &theList, QObject *theParent) : QAbstractListModel(theParent), list(theList) {}
+    int rowCount(const QModelIndex &theParent = {}) const override;
+    QVariant data(const QModelIndex &theIndex, int theRole) const override;
+    void Reread();
+
+private:
+    ListBox &list;
+};
+
+class RowList : public QListView
+{
+    Q_OBJECT
+public:
+    RowList(ListBox &theList, QWidget *theParent);
+    void Update();
+
+protected:
+    void currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious) override;
+    void keyPressEvent(QKeyEvent *theEvent) override;
+
+private:
+    ListBox &list;
+    RowsModel *rows;
+    std::uint64_t revision = 0;
+    bool isUpdating = false;
+};
+
+// The rows of a directory list: from the drive's root down to the current directory, each deeper one indented, and its
+// subdirectories below.
+class DirRowsModel : public QAbstractListModel
+{
+    Q_OBJECT
+public:
+    DirRowsModel(DirList &theList, QObject *theParent) : QAbstractListModel(theParent), list(theList) {}
+    int rowCount(const QModelIndex &theParent = {}) const override;
+    QVariant data(const QModelIndex &theIndex, int theRole) const override;
+    void Reread();
+    // The row of the view that shows row theIndex of the directory list, and back.
+    int ViewRow(int theIndex) const;
+    int ListRow(int theViewRow) const;
+
+private:
+    DirList &list;
+    int depth = 0;
+};
+
+class DirRows : public QListView
+{
+    Q_OBJECT
+public:
+    DirRows(DirList &theList, QWidget *theParent);
+    void Update();
+
+protected:
+    void currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious) override;
+    void keyPressEvent(QKeyEvent *theEvent) override;
+
+private:
+    void GoToRow(const QModelIndex &theRow);
+    DirList &list;
+    DirRowsModel *rows;
+    Text path;
+    std::shared_ptr<const std::vector<Text>> names;
+    bool isUpdating = false;
+};
+
+// The drives; beside the letter stands what the host calls them.
+class DriveBox : public QComboBox
+{
+    Q_OBJECT
+public:
+    DriveBox(DriveList &theList, QWidget *theParent);
+    void Update();
+
+private:
+    void ReadDrives();
+    DriveList &list;
+};

@@ -1,0 +1,67 @@
+#include "desktop/MenuRow.h"
+#include "desktop/Deeds.h"
+#include "desktop/QtText.h"
+#include "desktop/Theme.h"
+#include <QMenu>
+#include <algorithm>
+
+bool MenuRow::IsWanted(const Form &theForm)
+{
+    const auto &elements = theForm.Elements();
+    return std::any_of(elements.begin(), elements.end(),
+        [](const Element *element) { return dynamic_cast<const MenuItem *>(element) != nullptr; });
+}
+
+MenuRow::MenuRow(Form &theForm, QWidget *theParent) : QMenuBar(theParent)
+{
+    setNativeMenuBar(false);
+    setFixedHeight(rowHeight);
+    setFont(Theme::FontOf(Look::Body));
+    setStyleSheet(Theme::MenuStyle());
+    for (Element *element : theForm.Elements())
+        if (auto *item = dynamic_cast<MenuItem *>(element)) {
+            Add(*item);
+            Update(*item);
+        }
+}
+
+void MenuRow::Add(MenuItem &theItem)
+{
+    QAction *action = nullptr;
+    const auto &all = theItem.Owner.Elements();
+    const bool isMenu = std::any_of(all.begin(), all.end(), [&](const Element *element) {
+        const auto *item = dynamic_cast<const MenuItem *>(element);
+        return item && item->Menu == &theItem;
+    });
+    if (isMenu) {
+        auto *menu = new QMenu(this);
+        menu->setFont(Theme::FontOf(Look::Body));
+        action = addMenu(menu);
+    } else if (theItem.Menu) {
+        action = actions.at(theItem.Menu)->menu()->addAction(QString());
+    } else {
+        action = addAction(QString());
+    }
+    action->setObjectName(QString::fromLatin1(theItem.Name));
+    actions[&theItem] = action;
+    if (!isMenu)
+        connect(action, &QAction::triggered, this, [this, &theItem] {
+            Deeds::Click(theItem);
+            // Qt has turned the tick over by itself; what holds is what the program made of it.
+            Update(theItem);
+        });
+}
+
+void MenuRow::Update(MenuItem &theItem)
+{
+    QAction &action = *actions.at(&theItem);
+    if (theItem.Now.Caption == "-")
+        action.setSeparator(true);
+    else
+        action.setText(Shown(theItem.Now.Caption));
+    action.setVisible(theItem.Now.Visible);
+    action.setEnabled(theItem.Now.Enabled);
+    if (theItem.Now.Ticked)
+        action.setCheckable(true);
+    action.setChecked(theItem.Now.Ticked);
+}

@@ -1,0 +1,20 @@
+// The menu bar of a screen, made of its menu items.
+#pragma once
+#include "toolkit/Controls.h"
+#include <QMenuBar>
+#include <map>
+
+class MenuRow : public QMenuBar
+{
+    Q_OBJECT
+public:
+    static constexpr int rowHeight = 24;
+    MenuRow(Form &theForm, QWidget *theParent);
+    // Whether the screen has any item, and so wants a menu bar.
+    static bool IsWanted(const Form &theForm);
+    void Update(MenuItem &theItem);
+
+private:
+    void Add(MenuItem &theItem);
+    std::map<const MenuItem *, QAction *> actions;
+};

@@ -1,0 +1,64 @@
+#include "desktop/PictureButton.h"
+#include "desktop/Pictures.h"
+#include "desktop/Theme.h"
+#include <QKeyEvent>
+#include <QPainter>
+
+void PaintFocusRing(QPainter &thePainter, const QPainterPath &theShape)
+{
+    thePainter.save();
+    thePainter.setRenderHint(QPainter::Antialiasing);
+    thePainter.setClipPath(theShape);
+    // Half of a pen lies outside the shape and is clipped: what shows is half as wide.
+    thePainter.strokePath(theShape, QPen(Theme::White, 7));
+    thePainter.strokePath(theShape, QPen(Theme::FocusRing, 4));
+    thePainter.restore();
+}
+
+PictureButton::PictureButton(QWidget *theParent) : QAbstractButton(theParent)
+{
+    setCursor(Qt::PointingHandCursor);
+}
+
+void PictureButton::SetPicture(const Text &thePath)
+{
+    if (picture == thePath)
+        return;
+    picture = thePath;
+    update();
+}
+
+void PictureButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(0.45);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(rect(), PictureAt(picture, devicePixelRatioF()));
+    const QPainterPath shape = ShapeOf(picture, QRectF(rect()));
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isDown())
+        painter.fillPath(shape, QColor(0, 0, 0, 50));
+    else if (underMouse() && isEnabled())
+        painter.fillPath(shape, QColor(255, 255, 255, 50));
+    if (hasFocus())
+        PaintFocusRing(painter, shape);
+}
+
+void PictureButton::keyPressEvent(QKeyEvent *theEvent)
+{
+    if (theEvent->key() == Qt::Key_Return || theEvent->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(theEvent);
+}
+
+void PictureButton::enterEvent(QEnterEvent *)
+{
+    update();
+}
+
+void PictureButton::leaveEvent(QEvent *)
+{
+    update();
+}

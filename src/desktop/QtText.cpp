@@ -1,0 +1,17 @@
+#include "desktop/QtText.h"
+#include <QStringDecoder>
+
+QString Shown(const Text &theText)
+{
+    const QByteArrayView bytes(theText.data(), static_cast<qsizetype>(theText.size()));
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString Result = utf8(bytes);
+    if (utf8.hasError())
+        Result = QString::fromLatin1(bytes);
+    return Result.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+Text FromShown(const QString &theText)
+{
+    return theText.toStdString();
+}

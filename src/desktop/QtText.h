@@ -1,0 +1,8 @@
+// Texts of the program on screen and back. The program's texts are bytes: shown as UTF-8 where they are valid, else as
+// Latin-1, with LF for CR LF.
+#pragma once
+#include "toolkit/Text.h"
+#include <QString>
+
+QString Shown(const Text &theText);
+Text FromShown(const QString &theText);

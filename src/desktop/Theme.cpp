@@ -1,0 +1,105 @@
+#include "desktop/Theme.h"
+#include "core/FileHandle.h"
+#include "desktop/QtText.h"
+#include "toolkit/HostFiles.h"
+#include <QFontDatabase>
+
+namespace Theme
+{
+void LoadFonts()
+{
+    for (const char *file : {"fonts\\Inter-Regular.otf", "fonts\\Inter-SemiBold.otf"})
+        QFontDatabase::addApplicationFont(Shown(HostFiles::ToHost(InProgramDir(file))));
+}
+
+// Sizes in pixels, so that what fits its place does so on every host.
+static QFont Letters(int thePixels, QFont::Weight theWeight = QFont::Normal)
+{
+    QFont Result(QStringLiteral("Inter"));
+    Result.setStyleHint(QFont::SansSerif);
+    Result.setPixelSize(thePixels);
+    Result.setWeight(theWeight);
+    return Result;
+}
+
+QFont FontOf(Look theLook)
+{
+    switch (theLook) {
+    case Look::Title:
+        return Letters(19, QFont::DemiBold);
+    case Look::SubTitle:
+    case Look::Counter:
+        return Letters(15, QFont::DemiBold);
+    case Look::HelpHeading:
+        return Letters(13, QFont::DemiBold);
+    case Look::Dim:
+    case Look::HelpText:
+    case Look::Status:
+    case Look::Splash:
+        return Letters(12);
+    case Look::Body:
+    case Look::Value:
+        break;
+    }
+    return Letters(13);
+}
+
+QColor InkOf(Look theLook)
+{
+    switch (theLook) {
+    case Look::Title:
+        return White;
+    case Look::Splash:
+        return MintHover;
+    case Look::SubTitle:
+    case Look::HelpHeading:
+        return Pine;
+    case Look::Dim:
+    case Look::Status:
+        return Dim;
+    default:
+        return Ink;
+    }
+}
+
+QPalette WholePalette()
+{
+    QPalette Result;
+    const auto set = [&](QPalette::ColorRole theRole, const QColor &theColour) { Result.setColor(theRole, theColour); };
+    set(QPalette::Window, Paper);
+    set(QPalette::WindowText, Ink);
+    set(QPalette::Base, White);
+    set(QPalette::AlternateBase, Mint);
+    set(QPalette::Text, Ink);
+    set(QPalette::PlaceholderText, Dim);
+    set(QPalette::Button, Mint);
+    set(QPalette::ButtonText, Ink);
+    set(QPalette::BrightText, White);
+    set(QPalette::Highlight, Fern);
+    set(QPalette::HighlightedText, White);
+    set(QPalette::Link, Fern);
+    set(QPalette::LinkVisited, Pine);
+    set(QPalette::ToolTipBase, White);
+    set(QPalette::ToolTipText, Ink);
+    set(QPalette::Light, White);
+    set(QPalette::Midlight, MintHover);
+    set(QPalette::Mid, Line);
+    set(QPalette::Dark, Border);
+    set(QPalette::Shadow, Dim);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        Result.setColor(QPalette::Disabled, role, Border);
+    Result.setColor(QPalette::Inactive, QPalette::Highlight, Fern);
+    return Result;
+}
+
+QString MenuStyle()
+{
+    return QStringLiteral("QMenuBar { background: #123F38; color: #E3F0EA; border: 0; spacing: 2px; }"
+                          "QMenuBar::item { background: transparent; padding: 4px 10px; }"
+                          "QMenuBar::item:selected { background: #1F6B55; color: white; }"
+                          "QMenu { background: white; color: #20302C; border: 1px solid #AFC1B8; padding: 4px 0; }"
+                          "QMenu::item { padding: 5px 28px 5px 26px; }"
+                          "QMenu::item:selected { background: #1F6B55; color: white; }"
+                          "QMenu::separator { height: 1px; background: #D5DFDA; margin: 4px 8px; }");
+}
+}  // namespace Theme

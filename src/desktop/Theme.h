@@ -1,0 +1,24 @@
+// The colours and letters of the program's windows.
+#pragma once
+#include "toolkit/Controls.h"
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+namespace Theme
+{
+inline constexpr QColor Pine{0x12, 0x3F, 0x38}, Fern{0x1F, 0x6B, 0x55}, Leaf{0x6F, 0xBF, 0x96}, Mint{0xF0, 0xF4, 0xF1},
+    MintHover{0xE3, 0xF0, 0xEA}, Paper{0xFB, 0xFA, 0xF6}, Ink{0x20, 0x30, 0x2C}, Dim{0x5A, 0x6B, 0x65},
+    Line{0xC9, 0xD6, 0xCF}, CardLine{0xD5, 0xDF, 0xDA}, Border{0xAF, 0xC1, 0xB8}, Rust{0xA8, 0x40, 0x2F},
+    Navy{0x1F, 0x3A, 0x6E}, Ice{0xDC, 0xE8, 0xF7}, FocusRing{0x1B, 0x2F, 0x5B}, White{0xFF, 0xFF, 0xFF};
+
+// Loads the program's own letters; where they are missing the host's stand in.
+void LoadFonts();
+// The font and the colour of the text of a label.
+QFont FontOf(Look theLook);
+QColor InkOf(Look theLook);
+// All roles, so that a dark desktop leaves the screens as they are.
+QPalette WholePalette();
+// The few rules that a palette can't express: the menu bar's.
+QString MenuStyle();
+}  // namespace Theme

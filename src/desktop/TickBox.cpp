@@ -1,0 +1,54 @@
+#include "desktop/TickBox.h"
+#include "desktop/Deeds.h"
+#include "desktop/PictureButton.h"
+#include "desktop/Theme.h"
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+TickBox::TickBox(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), box(theBox)
+{
+    connect(this, &QCheckBox::clicked, this, [this] {
+        Deeds::Click(box);
+        Update();
+    });
+}
+
+void TickBox::Update()
+{
+    setChecked(box.Now.Ticked);
+}
+
+bool TickBox::hitButton(const QPoint &thePoint) const
+{
+    return rect().contains(thePoint);
+}
+
+void TickBox::keyPressEvent(QKeyEvent *theEvent)
+{
+    if (theEvent->key() == Qt::Key_Return || theEvent->key() == Qt::Key_Enter)
+        click();
+    else
+        QCheckBox::keyPressEvent(theEvent);
+}
+
+void TickBox::paintEvent(QPaintEvent *)
+{
+    constexpr double side = 18;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF square(1.5, (height() - side) / 2 + 0.5, side, side);
+    painter.setPen(QPen(underMouse() ? Theme::Fern : Theme::Border, 1));
+    painter.setBrush(isChecked() ? Theme::Fern : isDown() ? Theme::MintHover : Theme::White);
+    painter.drawRoundedRect(square, 4, 4);
+    if (isChecked()) {
+        painter.setPen(QPen(Theme::White, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const QPointF at = square.topLeft();
+        painter.drawPolyline(QPolygonF{at + QPointF(4.5, 9.5), at + QPointF(7.7, 12.8), at + QPointF(13.8, 5.6)});
+    }
+    if (hasFocus()) {
+        QPainterPath around;
+        around.addRoundedRect(QRectF(rect()), 5, 5);
+        PaintFocusRing(painter, around);
+    }
+}

@@ -1,0 +1,400 @@
+#include "desktop/Window.h"
+#include "desktop/Deeds.h"
+#include "desktop/Entry.h"
+#include "desktop/Labels.h"
+#include "desktop/Lists.h"
+#include "desktop/MenuRow.h"
+#include "desktop/Meter.h"
+#include "desktop/PictureButton.h"
+#include "desktop/Pictures.h"
+#include "desktop/QtText.h"
+#include "desktop/Theme.h"
+#include "desktop/TickBox.h"
+#include "toolkit/HostFiles.h"
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QMimeData>
+#include <QPainter>
+#include <QPushButton>
+#include <QShortcut>
+#include <QToolButton>
+#include <cmath>
+
+static int Whole(double thePixels)
+{
+    return static_cast<int>(std::lround(thePixels));
+}
+
+static bool IsHelpSpot(const Control &theControl)
+{
+    return theControl.Now.Says.starts_with("Help: ");
+}
+
+Window::Window(Form &theForm) : TheForm(theForm)
+{
+    setObjectName(QString::fromLatin1(theForm.Name));
+    if (MenuRow::IsWanted(theForm)) {
+        menuRow = new MenuRow(theForm, this);
+        bodyTop = MenuRow::rowHeight;
+    }
+    if (!menuRow)
+        setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    else if (!theForm.Design.Sizable)
+        setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                       Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+    setAcceptDrops(DropTarget() != nullptr);
+    Build();
+    FollowSize();
+    BindKeys();
+    SetTabOrder();
+}
+
+void Window::Build()
+{
+    for (Element *element : TheForm.Elements())
+        if (auto *control = dynamic_cast<Control *>(element); control && !dynamic_cast<MenuItem *>(element))
+            Add(*control);
+    Update(TheForm);
+}
+
+void Window::Add(Control &theControl)
+{
+    Item item = Make(theControl);
+    if (!item.Widget)
+        return;
+    item.Widget->setObjectName(QString::fromLatin1(theControl.Name));
+    if (!theControl.Design.Says.empty())
+        item.Widget->setAccessibleName(Shown(theControl.Design.Says));
+    if (IsMouseOnly(theControl))
+        item.Widget->setFocusPolicy(Qt::NoFocus);
+    controls.push_back(&theControl);
+    UpdateItem(theControl, items[&theControl] = std::move(item));
+}
+
+Window::Item Window::Make(Control &theControl)
+{
+    if (auto *label = dynamic_cast<Label *>(&theControl)) {
+        if (label->Design.Style == Look::HelpText) {
+            auto *reading = new HelpReading(*label, this);
+            return {reading, [reading] { reading->Update(); }};
+        }
+        auto *text = new TextLabel(*label, this);
+        connect(text, &TextLabel::Pressed, this, [label] {
+            if (label->Design.Click)
+                Deeds::Click(*label);
+        });
+        return {text, [text] { text->Update(); }};
+    }
+    if (auto *box = dynamic_cast<TextBox *>(&theControl)) {
+        auto *entry = new Entry(*box, this);
+        connect(entry, &Entry::HandlerRan, this, &Window::HandlerRan);
+        connect(entry, &Entry::EnterUnused, this,
+            [this] { PressFirst([](const Control &control) { return control.Now.Says == "Next"; }); });
+        return {entry, [entry] { entry->Update(); }};
+    }
+    if (auto *image = dynamic_cast<Image *>(&theControl))
+        return MakePicture(*image);
+    if (auto *button = dynamic_cast<Button *>(&theControl)) {
+        auto *push = new QPushButton(this);
+        connect(push, &QPushButton::clicked, this, [button] { Deeds::Click(*button); });
+        return {push, [push, button] { push->setText(Shown(button->Now.Caption)); }};
+    }
+    if (auto *check = dynamic_cast<CheckBox *>(&theControl)) {
+        auto *tick = new TickBox(*check, this);
+        return {tick, [tick] { tick->Update(); }};
+    }
+    if (auto *list = dynamic_cast<ListBox *>(&theControl)) {
+        auto *rows = new RowList(*list, this);
+        return {rows, [rows] { rows->Update(); }};
+    }
+    if (auto *dirs = dynamic_cast<DirList *>(&theControl)) {
+        auto *rows = new DirRows(*dirs, this);
+        return {rows, [rows] { rows->Update(); }};
+    }
+    if (auto *drives = dynamic_cast<DriveList *>(&theControl)) {
+        auto *box = new DriveBox(*drives, this);
+        return {box, [box] { box->Update(); }};
+    }
+    if (dynamic_cast<Frame *>(&theControl))
+        return {new Meter(Theme::Ice, this), {}};
+    if (auto *shape = dynamic_cast<Shape *>(&theControl))
+        return {new Meter(Theme::Navy, items.at(&shape->Inside).Widget), {}};
+    if (auto *bar = dynamic_cast<ToolBar *>(&theControl))
+        return MakeToolBar(*bar);
+    if (dynamic_cast<Browser *>(&theControl)) {
+        auto *holder = new QWidget(this);
+        (new QHBoxLayout(holder))->setContentsMargins(0, 0, 0, 0);
+        return {holder, {}};
+    }
+    return {};
+}
+
+Window::Item Window::MakePicture(Image &theImage)
+{
+    if (!theImage.Design.Click) {
+        auto *picture = new QLabel(this);
+        picture->setScaledContents(true);
+        return {picture,
+            [this, picture, &theImage] { picture->setPixmap(PictureAt(theImage.Now.Picture, devicePixelRatioF())); }};
+    }
+    auto *button = new PictureButton(this);
+    connect(button, &PictureButton::clicked, this, [&theImage] { Deeds::Click(theImage); });
+    QString tip = Shown(theImage.Design.Says);
+    if (tip == QStringLiteral("Next") || tip == QStringLiteral("Back"))
+        tip += QStringLiteral(" (Alt+%1)").arg(tip.at(0));
+    button->setToolTip(tip);
+    return {button, [button, &theImage] { button->SetPicture(theImage.Now.Picture); }};
+}
+
+Window::Item Window::MakeToolBar(ToolBar &theBar)
+{
+    auto *row = new QWidget(this);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(8, 6, 8, 6);
+    for (const ToolButton &tool : theBar.Buttons) {
+        auto *button = new QToolButton(row);
+        button->setObjectName(QString::fromLatin1(theBar.Name) + Shown(tool.Key));
+        button->setText(Shown(tool.Caption));
+        button->setFont(Theme::FontOf(Look::Body));
+        button->setToolTip(Shown(tool.Tip));
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setAutoRaise(true);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setArrowType(tool.Key == "Back" ? Qt::LeftArrow : Qt::RightArrow);
+        const auto press = [&theBar, key = tool.Key] { Deeds::Tool(theBar, key); };
+        connect(button, &QToolButton::clicked, this, press);
+        connect(new QShortcut(tool.Key == "Back" ? QKeySequence::Back : QKeySequence::Forward, this),
+            &QShortcut::activated, this, press);
+        layout->addWidget(button);
+    }
+    layout->addStretch();
+    return {row, {}};
+}
+
+// What lies beyond the right edge isn't there for the keyboard and for screen readers either.
+bool Window::IsWithin(const Control &theControl) const
+{
+    return theControl.Now.At.Left < TheForm.Now.Width;
+}
+
+// Labels that are pressed, and pictures that do the same as an earlier control.
+bool Window::IsMouseOnly(const Control &theControl) const
+{
+    if (dynamic_cast<const Label *>(&theControl))
+        return theControl.Design.Style != Look::HelpText;
+    for (const Element *element : TheForm.Elements()) {
+        if (element == &theControl)
+            break;
+        const auto *earlier = dynamic_cast<const Control *>(element);
+        if (earlier && theControl.Design.Click && earlier->Design.Click == theControl.Design.Click)
+            return true;
+    }
+    return false;
+}
+
+void Window::UpdateItem(Control &theControl, const Item &theItem)
+{
+    const Place &at = theControl.Now.At;
+    const auto *shape = dynamic_cast<const Shape *>(&theControl);
+    theItem.Widget->setGeometry(
+        Whole(at.Left), Whole(at.Top) + (shape ? 0 : bodyTop), Whole(at.Width), Whole(at.Height));
+    theItem.Widget->setEnabled(theControl.Now.Enabled);
+    const bool isBare = dynamic_cast<const Image *>(&theControl) && theControl.Now.Picture.empty();
+    theItem.Widget->setVisible(theControl.Now.Visible && !isBare && (shape || IsWithin(theControl)));
+    if (theItem.Update)
+        theItem.Update();
+}
+
+void Window::Update(Element &theElement)
+{
+    if (&theElement == &TheForm) {
+        setWindowTitle(Shown(TheForm.Now.Caption));
+        update();
+    } else if (auto *item = dynamic_cast<MenuItem *>(&theElement)) {
+        menuRow->Update(*item);
+    } else if (const auto found = items.find(&theElement); found != items.end()) {
+        UpdateItem(static_cast<Control &>(theElement), found->second);
+    }
+}
+
+void Window::FollowSize()
+{
+    if (TheForm.Design.Sizable)
+        return;
+    const QSize size(Whole(TheForm.Now.Width), Whole(TheForm.Now.Height));
+    // Rounded down both ways, so that a help box out and in again leaves the window where it was.
+    const int left = static_cast<int>(std::floor(TheForm.Now.Left));
+    if (size == this->size() && left == x())
+        return;
+    setFixedSize(size);
+    if (menuRow)
+        menuRow->setFixedWidth(size.width());
+    if (isVisible() && left != x())
+        move(left, y());
+    for (Control *control : controls)
+        UpdateItem(*control, items.at(control));
+    if (isVisible())
+        repaint();
+}
+
+void Window::GiveFocus(Control *theControl)
+{
+    const auto focus = [&](const auto &isIt) {
+        for (const Element *element : TheForm.Elements())
+            if (const auto found = items.find(element); found != items.end())
+                if (QWidget *widget = found->second.Widget; isIt(element) && widget->isVisibleTo(this) &&
+                                                            widget->isEnabled() &&
+                                                            widget->focusPolicy() & Qt::TabFocus) {
+                    widget->setFocus(Qt::OtherFocusReason);
+                    return true;
+                }
+        return false;
+    };
+    const auto isPicture = [](const Element *element) { return dynamic_cast<const Image *>(element) != nullptr; };
+    if (theControl && focus([&](const Element *element) { return element == theControl; }))
+        return;
+    // Where there is nothing to type or pick, on what leads on.
+    if (focus([&](const Element *element) { return !isPicture(element) && !dynamic_cast<const Label *>(element); }))
+        return;
+    for (const char *name : {"btnNext", "btnDone", "btnExpand", "btnDoItAlready", "btnPause"})
+        if (focus([&](const Element *element) { return Text(element->Name) == name; }))
+            return;
+    focus(isPicture);
+}
+
+Pages &Window::PagesOf(Browser &theBrowser)
+{
+    Pages *&Result = pages[&theBrowser];
+    if (!Result) {
+        QWidget *holder = items.at(&theBrowser).Widget;
+        Result = Pages::Make(theBrowser, holder);
+        holder->layout()->addWidget(Result->View());
+        SetTabOrder();
+    }
+    return *Result;
+}
+
+QWidget *Window::WidgetOf(const Element &theElement) const
+{
+    const auto found = items.find(&theElement);
+    return found == items.end() ? nullptr : found->second.Widget;
+}
+
+void Window::PressFirst(const std::function<bool(const Control &)> &isIt)
+{
+    for (Element *element : TheForm.Elements()) {
+        auto *control = dynamic_cast<Control *>(element);
+        const QWidget *widget = control ? WidgetOf(*control) : nullptr;
+        if (widget && isIt(*control) && control->Design.Click && widget->isVisible() && CanReach(*control)) {
+            Deeds::Click(*control);
+            return;
+        }
+    }
+}
+
+void Window::BindKeys()
+{
+    const auto bind = [this](const QKeySequence &theKeys, const std::function<bool(const Control &)> &isIt) {
+        connect(new QShortcut(theKeys, this), &QShortcut::activated, this, [this, isIt] { PressFirst(isIt); });
+    };
+    const auto named = [](const char *theName) {
+        return [theName](const Control &control) { return Text(control.Name) == theName; };
+    };
+    bind(QKeySequence(Qt::ALT | Qt::Key_N), named("btnNext"));
+    bind(QKeySequence(Qt::ALT | Qt::Key_B), named("btnBack"));
+    bind(QKeySequence(Qt::Key_Escape), named("btnCloseHelp"));
+    bind(QKeySequence(Qt::Key_F1), IsHelpSpot);
+}
+
+// The order of the elements is the order of reading.
+void Window::SetTabOrder()
+{
+    QWidget *last = menuRow;
+    const auto append = [&](QWidget *theWidget) {
+        if (last && theWidget)
+            QWidget::setTabOrder(last, theWidget);
+        last = theWidget;
+    };
+    for (Element *element : TheForm.Elements()) {
+        const auto found = items.find(element);
+        if (found == items.end())
+            continue;
+        if (const auto shown = pages.find(dynamic_cast<Browser *>(element)); shown != pages.end())
+            append(shown->second->View());
+        else if (dynamic_cast<ToolBar *>(element))
+            for (QWidget *button : found->second.Widget->findChildren<QToolButton *>())
+                append(button);
+        else if (found->second.Widget->focusPolicy() & Qt::TabFocus)
+            append(found->second.Widget);
+    }
+}
+
+void Window::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Theme::Paper);
+    const QPixmap &picture = PictureAt(TheForm.Now.Picture, devicePixelRatioF());
+    if (!picture.isNull())
+        painter.drawPixmap(QPoint(0, bodyTop), picture);
+}
+
+// The program decides; what it closes, it also hides.
+void Window::closeEvent(QCloseEvent *theEvent)
+{
+    theEvent->ignore();
+    if (!Deeds::Close(TheForm))
+        QApplication::beep();
+}
+
+// Half pixels that the help box has left in the place stay, as long as it is the same place.
+void Window::moveEvent(QMoveEvent *)
+{
+    if (x() != static_cast<int>(std::floor(TheForm.Now.Left)))
+        TheForm.Now.Left = x();
+    TheForm.Now.Top = y();
+}
+
+void Window::resizeEvent(QResizeEvent *theEvent)
+{
+    if (!TheForm.Design.Sizable)
+        return;
+    menuRow->setFixedWidth(theEvent->size().width());
+    UserResize(TheForm, theEvent->size().width(), theEvent->size().height());
+}
+
+DirList *Window::DropTarget() const
+{
+    for (Element *element : TheForm.Elements())
+        if (auto *list = dynamic_cast<DirList *>(element); list && list->Now.Visible)
+            return list;
+    return nullptr;
+}
+
+static Text DroppedDirectory(const QMimeData &theData)
+{
+    for (const QUrl &url : theData.urls())
+        if (url.isLocalFile())
+            if (Text path = HostFiles::FromHost(FromShown(url.toLocalFile())); HostFiles::IsDirectory(path))
+                return path;
+    return {};
+}
+
+void Window::dragEnterEvent(QDragEnterEvent *theEvent)
+{
+    if (DropTarget() && !DroppedDirectory(*theEvent->mimeData()).empty())
+        theEvent->acceptProposedAction();
+}
+
+void Window::dropEvent(QDropEvent *theEvent)
+{
+    const Text path = DroppedDirectory(*theEvent->mimeData());
+    DirList *target = DropTarget();
+    if (!target || path.empty())
+        return;
+    for (Element *element : TheForm.Elements())
+        if (auto *drives = dynamic_cast<DriveList *>(element); drives && drives->NowDrive != path.substr(0, 2))
+            Deeds::Pick(*drives, path.substr(0, 2));
+    Deeds::Go(*target, path);
+    theEvent->acceptProposedAction();
+}
