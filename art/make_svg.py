@@ -329,6 +329,44 @@ def tiles():
     save("logoAbout", 176, 176, rect(0, 0, 176, 176, PAPER) + mark(8, 8, 160))
 
 
+# ---- the program's icon ------------------------------------------------------------------------------------------
+def icon_plate(n, inset, r, shown):
+    """A rounded plate; its fine light rim parts it from a dark ground."""
+    s = n - 2 * inset
+    return (rect(inset, inset, s, s, "url(#plate)", r)
+            + rect(inset + .5, inset + .5, s - 1, s - 1, "none", r - .5, f' stroke="#fff" stroke-opacity="{shown}"'))
+
+
+def icon_fronds(n, left, size, stem):
+    return "".join(frond(f, size, SPRIG, 1, stem, .2, 13) for f in (left, [(n - x, y) for x, y in left]))
+
+
+def icon_pixels(n, first, rows):
+    """A frond at the left, from the line first down, pixel by pixel, and its mirror image at the right."""
+    return "".join(rect(x, y, 1, 1, SPRIG) for y, row in enumerate(rows.split(), first)
+                   for i, dot in enumerate(row, 1) if dot == "x" for x in (i, n - 1 - i))
+
+
+def icons():
+    """The mark with a broader tower and fewer leaflets than on the pictures, since it is looked at smaller: one drawing
+    for 64 pixels and more, and one each for the sizes below, the edges of the tower on whole pixels."""
+    save("icon", 128, 128, icon_plate(128, 3, 28, ".18")
+         + icon_fronds(128, [(60, 110), (28, 110), (17, 76), (29, 32)], .74, 3)
+         + tower(43, 27, 42, 74, "#fff", "#C4DFD2"))
+    save("icon48", 48, 48, icon_plate(48, 1, 10.5, ".14")
+         + icon_fronds(48, [(22.5, 42), (11, 42), (6.5, 27), (11, 11)], .31, 1.4)
+         + tower(16, 9, 16, 29, "#fff", "#C4DFD2"))
+    save("icon32", 32, 32, icon_plate(32, 0, 7.5, ".12")
+         + icon_fronds(32, [(15, 28.5), (7.5, 28.5), (4.5, 18), (6.5, 8)], .25, 1.2)
+         + '<path d="M9 5h3v2h2v-2h4v2h2v-2h3v7l-2 2v12h-3v-5h-4v5h-3v-12l-2-2ZM15 15v3h2v-3Z" fill="#fff"/>')
+    save("icon24", 24, 24, icon_plate(24, 0, 5.5, ".1")
+         + icon_pixels(24, 6, "...x ..xx .x.x ..xxx .x.x ..xxx xx.x.x ..xxx xx.x.x ..xxx xx.x.x ..xxx .xx.xx ...xxx")
+         + '<path d="M7 4h2v2h2v-2h2v2h2v-2h2v5l-1 1v9h-2v-4h-4v4h-2v-9l-1-1Z" fill="#fff"/>')
+    save("icon16", 16, 16, icon_plate(16, 0, 3.5, ".07")
+         + icon_pixels(16, 6, "... .x. xx. .xx xx. .xx xxx ..xx")
+         + '<path d="M4 2h2v1h1v-1h2v1h1v-1h2v4h-1v7h-2v-3h-2v3h-2v-7h-1Z" fill="#fff"/>')
+
+
 def page(x, y, h):
     """A sheet of paper, 62 wide, its upper right corner turned down, three lines of writing on it."""
     s = (f'<path d="M{x} {y}h40l16 16v{h - 28}a6 6 0 0 1-6 6h-50a6 6 0 0 1-6-6v{-(h - 18)}a6 6 0 0 1 6-6Z" '
@@ -369,3 +407,4 @@ if __name__ == "__main__":
     tiles()
     choices()
     report_titles()
+    icons()

@@ -1,11 +1,13 @@
 #include "desktop/Application.h"
 #include "core/FileHandle.h"
+#include "desktop/FocusRing.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include "toolkit/HostFiles.h"
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <QLoggingCategory>
 #include <QMessageBox>
 #include <QStyleFactory>
 #ifdef Q_OS_UNIX
@@ -23,6 +25,8 @@ void PrepareProcess()
 #endif
     QGuiApplication::setDesktopFileName(QStringLiteral("ferncastle"));
     QCoreApplication::setApplicationName(QStringLiteral("ferncastle"));
+    // What the scripts of a user's pages say is no business of ours.
+    QLoggingCategory::setFilterRules(QStringLiteral("js=false"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 }
 
@@ -32,6 +36,7 @@ void Dress()
     QApplication::setPalette(Theme::WholePalette());
     Theme::LoadFonts();
     QApplication::setFont(Theme::FontOf(Look::Body));
+    FocusRing::Watch();
     QIcon icon;
     for (const char *side : {"16", "24", "32", "48", "64", "128", "256"})
         icon.addFile(Shown(HostFiles::ToHost(InProgramDir(Text("icons\\ferncastle-") + side + ".png"))));

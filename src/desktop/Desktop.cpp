@@ -86,6 +86,10 @@ void Desktop::Show(Form &theForm)
         window = std::make_unique<Window>(theForm);
         connect(window.get(), &Window::HandlerRan, this, &Desktop::ShowChanges);
         Place(*window);
+        // A page view made later would make the window anew, which then has lost the focus.
+        for (Element *element : theForm.Elements())
+            if (auto *browser = dynamic_cast<Browser *>(element))
+                window->PagesOf(*browser);
         window->setAttribute(Qt::WA_ShowWithoutActivating, isElsewhere);
     }
     std::erase(order, &theForm);

@@ -8,6 +8,7 @@
 Entry::Entry(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), box(theBox)
 {
     setFont(Theme::FontOf(Look::Body));
+    setStyleSheet(Theme::EntryStyle());
     connect(this, &QLineEdit::textEdited, this, [this](const QString &theText) {
         if (!Deeds::Edit(box, FromShown(theText)))
             Update();

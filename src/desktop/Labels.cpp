@@ -77,11 +77,8 @@ HelpReading::HelpReading(Label &theLabel, QWidget *theParent) : QTextEdit(thePar
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(0);
-    viewport()->setAutoFillBackground(false);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, Qt::transparent);
-    colours.setColor(QPalette::Text, Theme::InkOf(label.Design.Style));
-    setPalette(colours);
+    setStyleSheet(Theme::ReadingStyle());
+    setTextColor(Theme::InkOf(label.Design.Style));
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 

@@ -4,8 +4,10 @@
 #include "desktop/Theme.h"
 #include "toolkit/HostFiles.h"
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <map>
 
 static void Dress(QListView &theView)
 {
@@ -13,6 +15,9 @@ static void Dress(QListView &theView)
     theView.setUniformItemSizes(true);
     theView.setEditTriggers(QAbstractItemView::NoEditTriggers);
     theView.setTextElideMode(Qt::ElideMiddle);
+    theView.setStyleSheet(Theme::ListStyle());
+    theView.setMouseTracking(true);
+    theView.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     theView.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
 }
 
@@ -81,6 +86,31 @@ void RowList::keyPressEvent(QKeyEvent *theEvent)
         QListView::keyPressEvent(theEvent);
 }
 
+// A folder with the indent of its row before it, so that a row's words begin with the name and can be typed for.
+static QPixmap FolderPicture(int theDepth, bool isOpen)
+{
+    static std::map<std::pair<int, bool>, QPixmap> kept;
+    QPixmap &Result = kept[{theDepth, isOpen}];
+    if (!Result.isNull())
+        return Result;
+    constexpr int side = 16, indent = 14, fineness = 3;
+    Result = QPixmap((side + theDepth * indent) * fineness, side * fineness);
+    Result.setDevicePixelRatio(fineness);
+    Result.fill(Qt::transparent);
+    QPainter painter(&Result);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(theDepth * indent, 0);
+    painter.setPen(QPen(Theme::AmberDark, 1));
+    painter.setBrush(isOpen ? Theme::White : Theme::Amber);
+    painter.drawRoundedRect(QRectF(1.5, 2.5, 6.5, 5), 1.5, 1.5);
+    painter.drawRoundedRect(QRectF(1.5, 4.5, 13, 9), 1.5, 1.5);
+    if (isOpen) {
+        painter.setBrush(Theme::Amber);
+        painter.drawRoundedRect(QRectF(1.5, 8, 13, 5.5), 1.5, 1.5);
+    }
+    return Result;
+}
+
 int DirRowsModel::ViewRow(int theIndex) const
 {
     return depth + theIndex;
@@ -102,14 +132,11 @@ QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
     const Text path = list.List(row);
     if (theRole == Qt::ToolTipRole)
         return Shown(path);
-    if (theRole != Qt::DisplayRole && theRole != Qt::AccessibleTextRole)
+    if (theRole == Qt::DecorationRole)
+        return FolderPicture(std::min(row < 0 ? theIndex.row() : depth, 10), row < 0);
+    if (theRole != Qt::DisplayRole)
         return {};
-    const std::size_t lastSlash = path.find_last_of('\\');
-    const QString name = Shown(path.size() == 3 ? path : path.substr(lastSlash + 1));
-    if (theRole == Qt::AccessibleTextRole)
-        return name;
-    const auto indent = static_cast<qsizetype>(2 * std::min(row < 0 ? theIndex.row() : depth, 12));
-    return QString(indent, QChar(0x2002)) + (row < 0 ? QStringLiteral("\u25BE ") : QStringLiteral("\u25B8 ")) + name;
+    return Shown(path.size() == 3 ? path : path.substr(path.find_last_of('\\') + 1));
 }
 
 void DirRowsModel::Reread()

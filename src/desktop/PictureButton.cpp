@@ -1,19 +1,8 @@
 #include "desktop/PictureButton.h"
+#include "desktop/FocusRing.h"
 #include "desktop/Pictures.h"
-#include "desktop/Theme.h"
 #include <QKeyEvent>
 #include <QPainter>
-
-void PaintFocusRing(QPainter &thePainter, const QPainterPath &theShape)
-{
-    thePainter.save();
-    thePainter.setRenderHint(QPainter::Antialiasing);
-    thePainter.setClipPath(theShape);
-    // Half of a pen lies outside the shape and is clipped: what shows is half as wide.
-    thePainter.strokePath(theShape, QPen(Theme::White, 7));
-    thePainter.strokePath(theShape, QPen(Theme::FocusRing, 4));
-    thePainter.restore();
-}
 
 PictureButton::PictureButton(QWidget *theParent) : QAbstractButton(theParent)
 {
@@ -41,8 +30,8 @@ void PictureButton::paintEvent(QPaintEvent *)
         painter.fillPath(shape, QColor(0, 0, 0, 50));
     else if (underMouse() && isEnabled())
         painter.fillPath(shape, QColor(255, 255, 255, 50));
-    if (hasFocus())
-        PaintFocusRing(painter, shape);
+    if (hasFocus() && FocusRing::IsShown())
+        FocusRing::Paint(painter, shape);
 }
 
 void PictureButton::keyPressEvent(QKeyEvent *theEvent)

@@ -20,8 +20,3 @@ protected:
 private:
     Text picture;
 };
-
-// Paints the ring of the keyboard's focus just inside theRect, on light and dark ground alike.
-class QPainter;
-class QPainterPath;
-void PaintFocusRing(QPainter &thePainter, const QPainterPath &theShape);

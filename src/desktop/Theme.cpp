@@ -102,4 +102,35 @@ QString MenuStyle()
                           "QMenu::item:selected { background: #1F6B55; color: white; }"
                           "QMenu::separator { height: 1px; background: #D5DFDA; margin: 4px 8px; }");
 }
+
+static const char *const slimScrollBar =
+    "QScrollBar:vertical { width: 9px; background: transparent; margin: 0; }"
+    "QScrollBar::handle:vertical { background: #AFC1B8; border-radius: 4px; min-height: 24px; margin-left: 1px; }"
+    "QScrollBar::handle:vertical:hover { background: #5A6B65; }"
+    "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+    "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
+
+QString ListStyle()
+{
+    return QString::fromLatin1(slimScrollBar) +
+           QStringLiteral("QListView { background: white; border: 1px solid #AFC1B8; border-radius: 6px; padding: 3px; "
+                          "outline: 0; }"
+                          "QListView:focus { border: 2px solid #1F6B55; padding: 2px; }"
+                          "QListView::item { padding: 2px 6px; border-radius: 4px; color: #20302C; }"
+                          "QListView::item:hover { background: #E3F0EA; }"
+                          "QListView::item:selected { background: #1F6B55; color: white; }");
+}
+
+QString EntryStyle()
+{
+    return QStringLiteral("QLineEdit { background: white; border: 1px solid #AFC1B8; border-radius: 6px; "
+                          "padding: 1px 6px; color: #20302C; }"
+                          "QLineEdit:focus { border: 2px solid #1F6B55; padding: 0 5px; }"
+                          "QLineEdit:disabled { background: #F0F4F1; }");
+}
+
+QString ReadingStyle()
+{
+    return QString::fromLatin1(slimScrollBar) + QStringLiteral("QTextEdit { background: transparent; border: 0; }");
+}
 }  // namespace Theme

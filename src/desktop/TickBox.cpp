@@ -1,6 +1,6 @@
 #include "desktop/TickBox.h"
 #include "desktop/Deeds.h"
-#include "desktop/PictureButton.h"
+#include "desktop/FocusRing.h"
 #include "desktop/Theme.h"
 #include <QKeyEvent>
 #include <QPainter>
@@ -46,9 +46,9 @@ void TickBox::paintEvent(QPaintEvent *)
         const QPointF at = square.topLeft();
         painter.drawPolyline(QPolygonF{at + QPointF(4.5, 9.5), at + QPointF(7.7, 12.8), at + QPointF(13.8, 5.6)});
     }
-    if (hasFocus()) {
+    if (hasFocus() && FocusRing::IsShown()) {
         QPainterPath around;
         around.addRoundedRect(QRectF(rect()), 5, 5);
-        PaintFocusRing(painter, around);
+        FocusRing::Paint(painter, around);
     }
 }

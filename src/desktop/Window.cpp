@@ -39,7 +39,7 @@ Window::Window(Form &theForm) : TheForm(theForm)
         bodyTop = MenuRow::rowHeight;
     }
     if (!menuRow)
-        setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+        setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     else if (!theForm.Design.Sizable)
         setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                        Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
@@ -246,20 +246,29 @@ void Window::GiveFocus(Control *theControl)
                 if (QWidget *widget = found->second.Widget; isIt(element) && widget->isVisibleTo(this) &&
                                                             widget->isEnabled() &&
                                                             widget->focusPolicy() & Qt::TabFocus) {
-                    widget->setFocus(Qt::OtherFocusReason);
+                    widget->setFocus(Qt::TabFocusReason);
+                    // What a box holds is ready to be typed over.
+                    if (auto *entry = qobject_cast<QLineEdit *>(widget))
+                        entry->selectAll();
                     return true;
                 }
         return false;
     };
     const auto isPicture = [](const Element *element) { return dynamic_cast<const Image *>(element) != nullptr; };
+    // A list that answers no double click only shows its rows.
+    const auto isFilledIn = [](const Element *element) {
+        const auto *list = dynamic_cast<const ListBox *>(element);
+        return dynamic_cast<const TextBox *>(element) || dynamic_cast<const DirList *>(element) ||
+               dynamic_cast<const CheckBox *>(element) || (list && list->Design.DblClick);
+    };
     if (theControl && focus([&](const Element *element) { return element == theControl; }))
         return;
-    // Where there is nothing to type or pick, on what leads on.
-    if (focus([&](const Element *element) { return !isPicture(element) && !dynamic_cast<const Label *>(element); }))
-        return;
-    for (const char *name : {"btnNext", "btnDone", "btnExpand", "btnDoItAlready", "btnPause"})
-        if (focus([&](const Element *element) { return Text(element->Name) == name; }))
+    // A screen that asks for nothing begins with what leads on.
+    for (const char *name : {"btnExpand", "btnDoItAlready", "btnDone", "btnPause"})
+        if (!theControl && focus([&](const Element *element) { return Text(element->Name) == name; }))
             return;
+    if (focus(isFilledIn) || focus([](const Element *element) { return Text(element->Name) == "btnNext"; }))
+        return;
     focus(isPicture);
 }
 

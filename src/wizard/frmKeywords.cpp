@@ -45,7 +45,7 @@ Image hlpLoadKeywordFile{Me, "hlpLoadKeywordFile",
 Label Label6{Me, "Label6", {.At = {324, 84, 252, 20}, .Caption = "Master Keyword List", .Style = Look::SubTitle}};
 ListBox lstKeywords{Me, "lstKeywords", {.At = {324, 108, 252, 140}, .Says = "Master Keyword List"}};
 Label Label7{Me, "Label7", {.At = {324, 256, 112, 20}, .Caption = "Total Keywords: "}};
-Label KeywordCount{Me, "KeywordCount", {.At = {436, 255, 100, 20}, .Style = Look::Counter}};
+Label KeywordCount{Me, "KeywordCount", {.At = {428, 256, 100, 20}, .Style = Look::Counter}};
 Label Label8{Me, "Label8",
     {.At = {324, 282, 252, 36}, .Caption = "To remove a keyword, click on the keyword and press the remove button."}};
 Image btnKeywordRemove{

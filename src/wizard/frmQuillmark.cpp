@@ -13,7 +13,7 @@ void Form_Load(), btnBack_Click(), btnNext_Click(), hlpTitle_Click(), btnCloseHe
 
 Form Me{"frmQuillmark", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Using Quillmark", .Style = Look::Title}};
-CheckBox chkUsingQuillmark{Me, "chkUsingQuillmark", {.At = {24, 62, 22, 22}, .Says = "I am using Quillmark"}};
+CheckBox chkUsingQuillmark{Me, "chkUsingQuillmark", {.At = {24, 62, 178, 22}, .Says = "I am using Quillmark"}};
 Label Label2{Me, "Label2", {.At = {54, 64, 150, 18}, .Caption = "I am using Quillmark"}};
 Image hlpTitle{Me, "hlpTitle", {.At = {212, 62, 22, 22}, .Says = "Help: Using Quillmark", .Click = hlpTitle_Click}};
 Label lblDesc{Me, "lblDesc", {.At = {24, 104, 516, 144}}};

@@ -18,7 +18,7 @@ Image hlpWelcome{Me, "hlpWelcome", {.At = {554, 161, 22, 22}, .Says = "Help: Fer
 Label Label2{
     Me, "Label2", {.At = {24, 230, 400, 22}, .Caption = "website expander and enhancer.", .Style = Look::SubTitle}};
 CheckBox chkHideWelcome{Me, "chkHideWelcome",
-    {.At = {24, 330, 22, 20}, .Says = "Don't show this Welcome Screen in the future", .Click = chkHideWelcome_Click}};
+    {.At = {24, 329, 330, 22}, .Says = "Don't show this Welcome Screen in the future", .Click = chkHideWelcome_Click}};
 Label Label3{Me, "Label3", {.At = {50, 330, 400, 20}, .Caption = "Don't show this Welcome Screen in the future"}};
 Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};

@@ -1,5 +1,5 @@
-// Pictures of all screens: ferncastle-screens PROGRAM-DIR OUT-DIR [long]. PROGRAM-DIR holds a project 0001 that has been
-// run. With QT_SCALE_FACTOR=2 the pictures are twice as fine; with "long" all names and paths are.
+// Pictures of all screens: ferncastle-screens PROGRAM-DIR OUT-DIR [long]. PROGRAM-DIR holds a project 0001 that has
+// been run. With QT_SCALE_FACTOR=2 the pictures are twice as fine; with "long" all names and paths are.
 #include "core/AppVars.h"
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
@@ -48,8 +48,10 @@ int main(int argc, char **argv)
     ProjectNumber = "0001";
     ProjectMode = "load";
     ProjectName = "Fern and Friends" + much;
-    DomainName = isLong ? "www.a-very-long-domain-name-of-a-fern-growers-club-in-otterby.example" : "fernandfriends.example";
-    LocalSiteDir = HostFiles::ProgramDir() + "\\sample" + (isLong ? Text("\\and\\a\\directory\\far\\below\\that one\\") : "\\");
+    DomainName =
+        isLong ? "www.a-very-long-domain-name-of-a-fern-growers-club-in-otterby.example" : "fernandfriends.example";
+    LocalSiteDir =
+        HostFiles::ProgramDir() + "\\sample" + (isLong ? Text("\\and\\a\\directory\\far\\below\\that one\\") : "\\");
     KeywordTotal = 7;
     for (const char *name : {"frmWelcome", "frmMenu", "frmLoadCreate", "frmCreate", "frmLoad", "frmDirectory",
              "frmKeywords", "frmKeywordsHowMany", "frmQuillmark", "frmConfirm", "frmDoItAlready", "frmFilters",

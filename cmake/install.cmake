@@ -1,0 +1,55 @@
+# Installing: one folder that its user owns, with the programs and the data together, since the program keeps its
+# projects beside itself. "cmake --install BUILD [--prefix FOLDER]" lays it, "cpack" makes an archive of it.
+
+if(WIN32)
+  set(user_home $ENV{USERPROFILE})
+else()
+  set(user_home $ENV{HOME})
+endif()
+if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT AND user_home)
+  file(TO_CMAKE_PATH "${user_home}/Ferncastle" own_folder)
+  set(CMAKE_INSTALL_PREFIX ${own_folder} CACHE PATH "The folder that Ferncastle is installed in" FORCE)
+endif()
+
+# Who names a folder that is full of other things has most likely forgotten its last part.
+install(CODE [[
+  get_filename_component(folder "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}" ABSOLUTE)
+  file(GLOB there "${folder}/*")
+  if(there AND NOT EXISTS "${folder}/variables.sav" AND NOT EXISTS "${folder}/ferncastle-play")
+    message(FATAL_ERROR "${folder} holds other things. Ferncastle wants a folder of its own: "
+      "add --prefix and its name, for example --prefix \"$ENV{HOME}/Ferncastle\"")
+  endif()
+]])
+
+set(programs ferncastle-play)
+if(TARGET ferncastle)
+  list(APPEND programs ferncastle)
+endif()
+# Where Qt stands apart from the system's libraries, the installed program must still find it.
+set_target_properties(${programs} PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+install(TARGETS ${programs} RUNTIME DESTINATION .)
+set(program_files ${programs})
+list(TRANSFORM program_files APPEND "${CMAKE_EXECUTABLE_SUFFIX}")
+set(folder_scripts)
+if(UNIX AND NOT APPLE)
+  set(folder_scripts ${CMAKE_SOURCE_DIR}/packaging/add-to-menu ${CMAKE_SOURCE_DIR}/packaging/uninstall)
+endif()
+install(CODE "
+  set(version \"${PROJECT_VERSION}\")
+  set(programs \"${program_files}\")
+  set(scripts \"${folder_scripts}\")
+  set(readme \"${CMAKE_SOURCE_DIR}/README.md\")
+  set(data \"${CMAKE_SOURCE_DIR}/data\")
+  include(\"${CMAKE_SOURCE_DIR}/cmake/lay_folder.cmake\")
+")
+
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+else()
+  set(CPACK_GENERATOR TGZ)
+endif()
+set(CPACK_PACKAGE_NAME ferncastle)
+# The archive's one folder bears the version, so that unpacking a new one never falls upon somebody's projects.
+set(CPACK_PACKAGE_FILE_NAME ferncastle-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_VERBATIM_VARIABLES ON)
+include(CPack)

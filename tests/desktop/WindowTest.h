@@ -1,0 +1,141 @@
+// The whole program in real windows, on a program directory of its own that holds all that is shipped.
+#pragma once
+#include "core/AppVars.h"
+#include "core/frmSplash.h"
+#include "desktop/Application.h"
+#include "desktop/Desktop.h"
+#include "toolkit/HostFiles.h"
+#include "toolkit/Services.h"
+#include <QAbstractButton>
+#include <QApplication>
+#include <QTest>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+
+class WindowTest : public testing::Test
+{
+public:
+    const std::filesystem::path program =
+        std::filesystem::temp_directory_path() / ("ferncastle window " + std::to_string(std::random_device{}()));
+    std::unique_ptr<Desktop> desktop;
+    int code = -1;
+
+    WindowTest()
+    {
+        std::filesystem::copy(FERNCASTLE_DATA_DIR, program, std::filesystem::copy_options::recursive);
+        HostFiles::SetProgramDir(program.string());
+        HostFiles::RecheckAfter(0);
+        Application::Dress();
+        desktop = std::make_unique<Desktop>();
+        Present(desktop.get());
+        DefaultBoxTitle = AppTitle = "Ferncastle";
+        FormWidth = 600;
+        FormHeight = 435;
+    }
+    ~WindowTest() override
+    {
+        desktop.reset();
+        HostFiles::Settle();
+        std::filesystem::remove_all(program);
+    }
+
+    // Runs the program from its start to its end; theUser is what somebody does meanwhile.
+    void RunProgram(const std::function<void()> &theUser)
+    {
+        QTimer::singleShot(0, [=] {
+            theUser();
+            // A user who has found a fault has nothing more to say.
+            if (HasFailure())
+                QCoreApplication::exit(99);
+        });
+        code = desktop->Run(frmSplash::Me);
+    }
+
+    static Form &TheForm(const char *theName)
+    {
+        for (Form *form : Form::All())
+            if (Text(form->Name) == theName)
+                return *form;
+        throw std::invalid_argument(theName);
+    }
+    Window *WindowOf(const char *theForm) const { return desktop->WindowOf(TheForm(theForm)); }
+    // "frmMenu.btnFAQ", as the player names controls.
+    static Control &The(const Text &theName)
+    {
+        const std::size_t point = theName.find('.');
+        return *TheForm(theName.substr(0, point).c_str()).Find<Control>(theName.substr(point + 1));
+    }
+    QWidget *WidgetOf(const Text &theName) const
+    {
+        const Window *window = desktop->WindowOf(The(theName).Owner);
+        return window ? window->WidgetOf(The(theName)) : nullptr;
+    }
+    static Text Shows(const Text &theName) { return The(theName).Now.Caption; }
+
+    static bool WaitUntil(const std::function<bool()> &isSo, int theMilliseconds = 20000)
+    {
+        return QTest::qWaitFor(isSo, theMilliseconds);
+    }
+    void AwaitScreen(const char *theForm) const
+    {
+        ASSERT_TRUE(WaitUntil([&] {
+            const Window *window = WindowOf(theForm);
+            return window && window->isVisible() && window == QApplication::activeWindow();
+        })) << theForm;
+    }
+    // A click with the mouse, where nothing lies in front.
+    void Click(const Text &theName) const
+    {
+        QWidget *widget = WidgetOf(theName);
+        ASSERT_TRUE(widget && widget->isVisible() && widget->isEnabled()) << theName;
+        const QPoint middle = widget->rect().center();
+        ASSERT_EQ(widget->window()->childAt(widget->mapTo(widget->window(), middle)), widget)
+            << theName << " is covered";
+        QTest::mouseClick(widget, Qt::LeftButton, {}, middle);
+    }
+    // A key for whatever has the focus; letters for it.
+    static void Key(Qt::Key theKey, Qt::KeyboardModifiers theModifiers = {})
+    {
+        QWidget *focus = QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
+        ASSERT_TRUE(focus);
+        QTest::keyClick(focus, theKey, theModifiers);
+    }
+    static void Type(const char *theText)
+    {
+        ASSERT_TRUE(QApplication::focusWidget());
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(theText));
+    }
+    // The name of the control that the keyboard acts on.
+    static Text Focused()
+    {
+        const QWidget *focus = QApplication::focusWidget();
+        return focus ? focus->objectName().toStdString() : "(none)";
+    }
+    // Does something to the next modal box, as soon as it is there. The words of the box are kept.
+    template <class Deed> void InNextBox(Deed theDeed)
+    {
+        auto *look = new QTimer(qApp);
+        look->callOnTimeout([this, look, theDeed] {
+            QWidget *box = QApplication::activeModalWidget();
+            if (!box || !box->isVisible())
+                return;
+            look->deleteLater();
+            look->stop();
+            boxSaid = box->property("text").toString().toStdString();
+            theDeed(*box);
+        });
+        look->start(20);
+    }
+    void AnswerNextBox(const char *theButton)
+    {
+        InNextBox([theButton](QWidget &theBox) {
+            for (auto *button : theBox.findChildren<QAbstractButton *>())
+                if (button->text().remove('&') == QLatin1String(theButton))
+                    return QTest::mouseClick(button, Qt::LeftButton);
+            ADD_FAILURE() << "the box has no button " << theButton;
+        });
+    }
+    Text boxSaid;
+};

@@ -1,0 +1,323 @@
+"""Goes the whole way through the program from outside, as somebody with a screen reader does: knows nothing but
+accessible names and roles. Then looks at what is on the disk. Started by outside.sh with the program's directory."""
+import os
+import re
+import subprocess
+import sys
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib
+
+Role, State = Atspi.Role, Atspi.StateType
+BUTTON, CHECK, TEXT, LIST, ROW, LABEL, COMBO, MENU, PAGE = (
+    Role.PUSH_BUTTON, Role.CHECK_BOX, Role.TEXT, Role.LIST, Role.LIST_ITEM, Role.LABEL, Role.COMBO_BOX, Role.MENU_ITEM,
+    Role.DOCUMENT_WEB)
+NAMED = (Role.FRAME, Role.DIALOG, Role.ALERT, BUTTON, CHECK, TEXT, LIST, ROW, COMBO, MENU, PAGE)
+ENTER, ESCAPE = 0xFF0D, 0xFF1B
+LIMIT = 30  # seconds; what is waited for comes within one, unless the machine is busy
+
+directory = sys.argv[1]
+announced = None  # the control that the focus went to last, as screen readers were told
+
+
+class Wrong(Exception):
+    """What the program got wrong."""
+
+
+class Absent(Exception):
+    """What was looked for isn't showing, or no longer."""
+
+
+def until(what, test):
+    """Waits until the test gives something, and returns it."""
+    end = time.monotonic() + LIMIT
+    while True:
+        while GLib.MainContext.default().iteration(False):
+            pass
+        try:
+            if result := test():
+                return result
+        except (Absent, GLib.Error):
+            pass
+        if program.poll() is not None:
+            raise Wrong(f"the program ended with status {program.returncode}; there was no {what}")
+        if time.monotonic() > end:
+            there = [f"{node.get_role().value_nick} '{node.get_name()[:50]}'" for node in showing() if node.get_name()]
+            raise Wrong(f"after {LIMIT} s there was no {what}, but: {'; '.join(there)}")
+        time.sleep(0.02)
+
+
+def has(node, *states):
+    return all(node.get_state_set().contains(state) for state in states)
+
+
+def children(node):
+    return [child for i in range(node.get_child_count()) if (child := node.get_child_at_index(i))]
+
+
+def window():
+    """The foremost window."""
+    for app in children(Atspi.get_desktop(0)):
+        if app.get_process_id() == program.pid:
+            for top in reversed(children(app)):
+                if has(top, State.SHOWING):
+                    return top
+    raise Absent
+
+
+def showing(node=None):
+    """What shows in the foremost window, but for what is in a page of the browser."""
+    yield (node := node or window())
+    for child in children(node) if node.get_role() != PAGE else []:
+        if has(child, State.SHOWING):
+            yield from showing(child)
+
+
+def seek(role, name):
+    """The first control of that role and name that shows now. The name is a pattern."""
+    for node in showing():
+        if node.get_role() == role and re.fullmatch(name, node.get_name(), re.DOTALL):
+            return node
+    raise Absent
+
+
+def find(role, name):
+    return until(f"{role.value_nick} '{name}'", lambda: seek(role, name))
+
+
+def text_of(name):
+    return Atspi.Text.get_text(seek(TEXT, name), 0, -1)
+
+
+def rows_of(name, *states):
+    return [row.get_name() for row in children(seek(LIST, name)) if has(row, *states)]
+
+
+def expect(what, look, wanted):
+    until(f"{what} {wanted!r}", lambda: look() == wanted)
+
+
+def act(role, name):
+    if not Atspi.Action.do_action(find(role, name), 0):
+        raise Wrong(f"{role.value_nick} '{name}' can't be acted on")
+
+
+def press(name):
+    act(BUTTON, name)
+
+
+def fill(name, text):
+    """All in one go, as dictation does."""
+    if not Atspi.EditableText.set_text_contents(find(TEXT, name), text):
+        raise Wrong(f"text '{name}' can't be filled in")
+
+
+def write(text):
+    """On the keyboard: it goes wherever the focus is."""
+    Atspi.generate_keyboard_event(0, text, Atspi.KeySynthType.STRING)
+
+
+def strike(key):
+    Atspi.generate_keyboard_event(key, None, Atspi.KeySynthType.SYM)
+
+
+def on_focus(event):
+    global announced
+    if event.detail1:
+        announced = event.source
+
+
+def focus(role, name):
+    """The focus comes there, and screen readers are told, of the control itself or of the row in it."""
+    def is_there():
+        node = seek(role, name)
+        return has(node, State.FOCUSED) and announced and node in (announced, announced.get_parent())
+    until(f"focus on {role.value_nick} '{name}', told to screen readers", is_there)
+
+
+def all_told(title):
+    """Each control that shows is of a kind that screen readers know, and has a name."""
+    def faults():
+        for node in showing():
+            role, name = node.get_role(), node.get_name()
+            # The words of a box can be marked, hence focused; the view around a page passes the focus on.
+            is_known = role in NAMED + (LABEL,) or PAGE in [child.get_role() for child in children(node)]
+            if role in NAMED and not name.strip() or has(node, State.FOCUSABLE) and not is_known:
+                yield f"{role.value_nick} '{name}' below {node.get_parent().get_role().value_nick}"
+    if bad := until(f"answer from '{title}'", lambda: [list(faults())])[0]:
+        raise Wrong(f"on '{title}' screen readers can't tell what these are: {', '.join(bad)}")
+    print(f"{time.monotonic() - begun:5.1f} s  {title}")
+
+
+def screen(title, role, name, *others):
+    """The screen is in front, its window active, the focus on the control named first; the others are there too."""
+    find(LABEL, title)
+    until(f"active window with '{title}'", lambda: has(seek(Role.FRAME, ".+"), State.ACTIVE))
+    focus(role, name)
+    for other in others:
+        find(*other)
+    all_told(title)
+
+
+def create_project():
+    find(LABEL, "Version .*")
+    hide = "Don't show this Welcome Screen in the future"
+    screen("Welcome", BUTTON, "Next", (CHECK, hide), (BUTTON, "Help: Ferncastle"))
+    expect(hide, lambda: has(seek(CHECK, hide), State.CHECKED), False)
+    press("Next")
+    screen("Main Menu", BUTTON, "Start Ferncastle", (BUTTON, "FAQ"), (BUTTON, "Support"))
+    press("Start Ferncastle")
+    screen("Load or Create Menu", BUTTON, "Create a new project", (BUTTON, "Load an existing project"))
+    press("Create a new project")
+
+    domain = "Your site's domain name"
+    screen("Create a New Project", TEXT, "Name your project", (TEXT, domain), (BUTTON, "Back"))
+    # The help box goes out by itself when something is missing, and for a topic. Who can't see it is taken to its text
+    # and back; while it is in, there is nothing of it.
+    write("Fern and Friends")
+    expect("name", lambda: text_of("Name your project"), "Fern and Friends")
+    for button, words in ("Next", "you must enter a domain name"), ("Help: Domain Name", "spelled correctly"):
+        expect("help boxes", lambda: [n.get_name() for n in showing() if n.get_name() in ("Help text", "Close help")], [])
+        press(button)
+        focus(TEXT, "Help text")
+        until(f"help '{words}'", lambda: words in text_of("Help text"))
+        all_told(f"Help of {button}")
+        strike(ESCAPE)
+        focus(BUTTON, button)
+    fill(domain, "http://www.fernandfriends.example/")
+    press("Next")
+
+
+def choose_site():
+    site = "Directory of your site"
+    screen("Choose the location of your site", LIST, site)
+    drive = find(COMBO, ".*")
+    expect("drives told as", lambda: "Drive of your site" in (drive.get_name(), drive.get_description()), True)
+    # What was filled in on the screen before has come to the program, not only onto the screen.
+    expect("domain", lambda: text_of("Your domain name"), "fernandfriends.example")
+    write("s")
+    expect("directory", lambda: rows_of(site, State.SELECTED), ["sample"])
+    strike(ENTER)
+    until("directories of the site", lambda: "downloads" in rows_of(site))
+    expect("directory", lambda: rows_of(site, State.SELECTED), ["sample"])
+    press("Next")
+
+
+def choose_keywords():
+    words = "Master Keyword List"
+    screen("Keywords", TEXT, "Keyword", (LIST, words), (BUTTON, "Add Keyword"), (BUTTON, "Clear All"))
+    write("bracken")
+    expect("keyword", lambda: text_of("Keyword"), "bracken")
+    strike(ENTER)
+    expect("keywords", lambda: rows_of(words), ["bracken"])
+    fill("Keyword", "heather")
+    press("Add Keyword")
+    expect("keywords", lambda: rows_of(words), ["bracken", "heather"])
+    for chosen, left in ("heather", ["bracken"]), ("bracken", []):
+        act(ROW, chosen)
+        expect("chosen", lambda: rows_of(words, State.SELECTED), [chosen])
+        press("Remove")
+        find(LABEL, f"Remove the following Keyword:.*{chosen}")
+        press("Yes")
+        expect("keywords", lambda: rows_of(words), left)
+    press("Load")
+    file = os.path.join(directory, "sample-keywords.txt")
+    fill("File name:", file)
+    press("Open")
+    wanted = open(file, encoding="ascii").read().split()
+    expect("keywords", lambda: rows_of(words), wanted)
+    press("Next")
+    screen("Keywords Per Filename", TEXT, "Number of keywords per file name")
+    expect("number", lambda: text_of("Number of keywords per file name"), "3")
+    press("Next")
+    return wanted
+
+
+def expand():
+    quillmark = "I am using Quillmark"
+    # Ticked and left, the box shows on coming back what the program has understood; the sample wants it unticked.
+    for leave, was_ticked in ("Next", False), ("Next", True):
+        screen("Using Quillmark", CHECK, quillmark)
+        expect(quillmark, lambda: has(seek(CHECK, quillmark), State.CHECKED), was_ticked)
+        act(CHECK, quillmark)
+        expect(quillmark, lambda: has(seek(CHECK, quillmark), State.CHECKED), not was_ticked)
+        press("Next")
+        screen("Confirm your information", BUTTON, "Expand my site", (LIST, "Your Master Keyword List"))
+        press("Expand my site" if was_ticked else "Back")
+    screen("Go Ahead and Expand the Site", BUTTON, "Expand the site", (LABEL, r".*\\0001\\"))
+    press("Expand the site")
+
+
+def read_report():
+    title = "Expansion report: Fern and Friends"
+    page = find(PAGE, title)
+    expect("report", lambda: (has(seek(Role.FRAME, title), State.ACTIVE), has(page, State.FOCUSED)), (True, True))
+    until("address of the report", lambda: text_of("Address").endswith(r"\0001_store\report.html"))
+    all_told(title)
+
+    def numbers(node):
+        names = [child.get_name() for child in children(node)]
+        if node.get_role() == Role.TABLE_ROW and len(names) > 1:
+            yield names[0], names[1]
+        for child in children(node):
+            yield from numbers(child)
+    return until("table of numbers", lambda: (told := dict(numbers(page))).get("Media links") and told)
+
+
+def leave():
+    for answer in "No", "Yes":
+        # It must not keep a screen reader waiting until the question is answered.
+        act(MENU, "Close Report")
+        find(LABEL, "Are you sure you want to exit.")
+        until("focus on No", lambda: has(seek(BUTTON, "No"), State.FOCUSED))
+        press(answer)
+        if answer == "No":
+            find(MENU, "View Report")
+    if status := program.wait(LIMIT):
+        raise Wrong(f"the program ended with status {status}")
+
+
+def look_at_disk(keywords, told):
+    def files(place):
+        return {os.path.relpath(os.path.join(path, name), place) for path, _, names in os.walk(place) for name in names}
+
+    def same(what, found, wanted):
+        if found != wanted:
+            raise Wrong(f"{what}: {found}, not {wanted}")
+
+    old, new = files(os.path.join(directory, "sample")), files(os.path.join(directory, "0001"))
+    added = [re.fullmatch(r"\d{6}-(\w+)-(\w+)-(\w+)\.html?", os.path.basename(name)) for name in new - old]
+    same("files of the site that the new one lacks", old - new, set())
+    same("words of new names", {word for name in added for word in (name.groups() if name else [""])}, set(keywords))
+    report = open(os.path.join(directory, "0001_store", "report.html"), encoding="utf-8").read()
+    pages = sum(name.endswith((".htm", ".html")) for name in old)
+    for what, number in ("Files processed", pages), ("Pages added", len(added)), ("Broken links", 5):
+        same(what + ", as the report tells", told.get(what), str(number))
+        same(what + ", as it is on the disk", re.findall(what + r"</th><td[^>]*>(\d+)<", report), [str(number)])
+    same("pages of the site and new pages", (pages, len(added)), (27, 372))
+
+
+Atspi.init()
+Atspi.set_timeout(5000, 15000)
+# Nothing is remembered: each look is at what is there now.
+Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
+listener = Atspi.EventListener.new(on_focus)
+listener.register("object:state-changed:focused")
+begun = time.monotonic()
+program = subprocess.Popen([os.path.join(directory, "ferncastle")])
+try:
+    create_project()
+    choose_site()
+    sample_keywords = choose_keywords()
+    expand()
+    report_told = read_report()
+    leave()
+    look_at_disk(sample_keywords, report_told)
+    print(f"{time.monotonic() - begun:5.1f} s  all is well")
+except (Wrong, GLib.Error, subprocess.TimeoutExpired) as error:
+    sys.exit(f"outside.py: {error}")
+finally:
+    program.poll() is None and program.kill()

@@ -1,0 +1,235 @@
+// The whole way, by a user who has only the mouse, and by one who has only the keyboard.
+#include "WindowTest.h"
+#include "desktop/Lists.h"
+#include "report/frmReport.h"
+#include <QLineEdit>
+#include <QTextBlock>
+#include <QTextBrowser>
+#ifdef FERNCASTLE_WEBENGINE
+#include <QWebEngineView>
+#endif
+
+// The entry of a picker that shows these words.
+static void ClickRow(QAbstractItemView &theView, const QString &theWords, bool isDouble = false)
+{
+    const QAbstractItemModel &rows = *theView.model();
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const QModelIndex index = rows.index(row, 0);
+        if (!index.data().toString().endsWith(theWords))
+            continue;
+        theView.scrollTo(index);
+        QTest::mouseClick(theView.viewport(), Qt::LeftButton, {}, theView.visualRect(index).center());
+        if (isDouble)
+            QTest::mouseDClick(theView.viewport(), Qt::LeftButton, {}, theView.visualRect(index).center());
+        return;
+    }
+    FAIL() << "there is no row " << theWords.toStdString();
+}
+
+// Where the middle of the first link lies whose address holds the words; null while there is none.
+static QPoint PlaceOfLink(QWidget &theView, const char *theWords)
+{
+#ifdef FERNCASTLE_WEBENGINE
+    QPoint Result;
+    bool isAnswered = false;
+    const QString script = QStringLiteral("(() => { const link = document.querySelector('a[href*=\"%1\"]');"
+                                          "if (!link) return [0, 0];"
+                                          "link.scrollIntoView({block: 'center'});"
+                                          "const place = link.getClientRects()[0];"
+                                          "return [place.x + place.width / 2, place.y + place.height / 2]; })()");
+    static_cast<QWebEngineView &>(theView).page()->runJavaScript(
+        script.arg(QLatin1String(theWords)), [&](const QVariant &theAnswer) {
+            const QVariantList place = theAnswer.toList();
+            if (place.size() == 2)
+                Result = QPointF(place[0].toDouble(), place[1].toDouble()).toPoint();
+            isAnswered = true;
+        });
+    if (!QTest::qWaitFor([&] { return isAnswered; }, 5000))
+        return {};
+    return Result;
+#else
+    auto &view = static_cast<QTextBrowser &>(theView);
+    for (auto block = view.document()->begin(); block.isValid(); block = block.next())
+        for (auto piece = block.begin(); piece != block.end(); ++piece)
+            if (piece.fragment().charFormat().anchorHref().contains(QLatin1String(theWords))) {
+                QTextCursor cursor(view.document());
+                cursor.setPosition(piece.fragment().position() + 1);
+                view.setTextCursor(cursor);
+                view.ensureCursorVisible();
+                return view.cursorRect(cursor).center();
+            }
+    return {};
+#endif
+}
+
+struct Wizard : WindowTest {
+    // Clicks until the page goes, as people do: what has just been scrolled may not take the first click.
+    static void ClickLink(QWidget &theView, const char *theWords)
+    {
+        const Text before = Shows("frmReport.txtAddress");
+        const auto hasGone = [&] { return Shows("frmReport.txtAddress") != before; };
+        for (int times = 0; times < 5 && !hasGone(); ++times) {
+            QPoint place;
+            ASSERT_TRUE(WaitUntil([&] {
+                place = PlaceOfLink(theView, theWords);
+                return !place.isNull();
+            })) << theWords;
+            QWidget *under = theView.focusProxy() ? theView.focusProxy() : theView.childAt(place);
+            QTest::mouseClick(under, Qt::LeftButton, {}, place);
+            if (WaitUntil(hasGone, 2000))
+                return;
+        }
+        FAIL() << theWords << " leads nowhere";
+    }
+    QWidget &View() const { return *WindowOf("frmReport")->PagesOf(frmReport::FinalReportBrowser).View(); }
+    // What the run and its report come to on the sample site.
+    void ExpectSampleReport(const char *theKeywordsAdded) const
+    {
+        AwaitScreen("frmReport");
+        QFile page(QString::fromStdString((program / "0001_store" / "report.html").string()));
+        ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+        const QByteArray report = page.readAll();
+        for (const char *value : {">372<", ">27<", ">5<", theKeywordsAdded})
+            EXPECT_TRUE(report.contains(value)) << value;
+    }
+    // Waits for a page of the program directory: its address, and its end.
+    static void AwaitPage(const Text &theEnd)
+    {
+        const auto is = [&] {
+            return Shows("frmReport.txtAddress").ends_with(theEnd) &&
+                   Shows("frmReport.lblStatusBar").starts_with("  Done");
+        };
+        EXPECT_TRUE(WaitUntil(is)) << theEnd << ", but " << Shows("frmReport.txtAddress");
+    }
+};
+
+TEST_F(Wizard, ByMouse)
+{
+    RunProgram([&] {
+        AwaitScreen("frmWelcome");
+        Click("frmWelcome.hlpWelcome");
+        EXPECT_EQ(WindowOf("frmWelcome")->width(), 760);
+        Click("frmWelcome.btnCloseHelp");
+        EXPECT_EQ(WindowOf("frmWelcome")->width(), 600);
+        Click("frmWelcome.btnNext");
+        AwaitScreen("frmMenu");
+        Click("frmMenu.Label1");
+        AwaitScreen("frmLoadCreate");
+        AnswerNextBox("OK");
+        Click("frmLoadCreate.btnLoad");
+        EXPECT_EQ(boxSaid, "You cannot load a project until you have first created one.");
+        Click("frmLoadCreate.btnCreate");
+        AwaitScreen("frmCreate");
+        Type("Fern and Friends");
+        Click("frmCreate.txtDomainName");
+        Type("www.fernandfriends.example");
+        Click("frmCreate.btnNext");
+        AwaitScreen("frmDirectory");
+        ClickRow(*static_cast<DirRows *>(WidgetOf("frmDirectory.Dir1")), "sample");
+        Click("frmDirectory.btnNext");
+        AwaitScreen("frmKeywords");
+        InNextBox([](QWidget &theBox) {
+            // It opens beside the program, where the sample keywords lie.
+            auto *name = theBox.findChild<QLineEdit *>("fileNameEdit");
+            // Pasted: typed, the box would complete it to the first name that fits.
+            name->setText("sample-keywords.txt");
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        Click("frmKeywords.btnLoadKeywords");
+        EXPECT_EQ(Shows("frmKeywords.KeywordCount"), "7");
+        Click("frmKeywords.btnNext");
+        AwaitScreen("frmKeywordsHowMany");
+        Click("frmKeywordsHowMany.btnNext");
+        AwaitScreen("frmQuillmark");
+        Click("frmQuillmark.btnNext");
+        AwaitScreen("frmConfirm");
+        Click("frmConfirm.btnExpand");
+        AwaitScreen("frmDoItAlready");
+        Click("frmDoItAlready.btnDoItAlready");
+        ExpectSampleReport(">2232<");
+        AwaitPage("0001_store\\report.html");
+        ClickLink(View(), "0001");
+        AwaitPage("\\0001\\index.html");
+        // A page of the new site leads on to one of its new pages, and back all the way.
+        ClickLink(View(), ".htm");
+        EXPECT_TRUE(WaitUntil(
+            [] { return isdigit(Shows("frmReport.txtAddress").substr(HostFiles::ProgramDir().size() + 6)[0]); }));
+        for (const char *page : {"\\0001\\index.html", "0001_store\\report.html"}) {
+            QTest::mouseClick(WindowOf("frmReport")->findChild<QWidget *>("Toolbar1Back"), Qt::LeftButton);
+            AwaitPage(page);
+        }
+        AnswerNextBox("No");
+        WindowOf("frmReport")->close();
+        EXPECT_EQ(boxSaid, "Are you sure you want to exit?");
+        EXPECT_TRUE(WindowOf("frmReport")->isVisible());
+        AnswerNextBox("Yes");
+        WindowOf("frmReport")->close();
+    });
+    EXPECT_EQ(code, 0);
+}
+
+TEST_F(Wizard, ByKeyboard)
+{
+    RunProgram([&] {
+        AwaitScreen("frmWelcome");
+        EXPECT_EQ(Focused(), "btnNext");
+        Key(Qt::Key_Return);
+        AwaitScreen("frmMenu");
+        EXPECT_EQ(Focused(), "btnFerncastle");
+        Key(Qt::Key_F1);
+        EXPECT_EQ(Shows("frmMenu.textHBHeading"), "Ferncastle");
+        EXPECT_EQ(WindowOf("frmMenu")->width(), 760);
+        Key(Qt::Key_Escape);
+        EXPECT_EQ(WindowOf("frmMenu")->width(), 600);
+        Key(Qt::Key_Space);
+        AwaitScreen("frmLoadCreate");
+        Key(Qt::Key_B, Qt::AltModifier);
+        AwaitScreen("frmMenu");
+        Key(Qt::Key_Return);
+        AwaitScreen("frmLoadCreate");
+        Key(Qt::Key_Return);
+        AwaitScreen("frmCreate");
+        Type("By keys");
+        Key(Qt::Key_Tab);
+        EXPECT_EQ(Focused(), "hlpProjName");
+        Key(Qt::Key_Tab);
+        Type("fernandfriends.example");
+        // A box that has no use for Enter takes it for Next.
+        Key(Qt::Key_Return);
+        AwaitScreen("frmDirectory");
+        EXPECT_EQ(Focused(), "Dir1");
+        Type("sam");
+        Key(Qt::Key_Return);
+        EXPECT_TRUE(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath.ends_with("\\sample"));
+        Key(Qt::Key_N, Qt::AltModifier);
+        AwaitScreen("frmKeywords");
+        for (const char *keyword : {"moss", "fern", "shade"}) {
+            Type(keyword);
+            Key(Qt::Key_Return);
+        }
+        EXPECT_EQ(Shows("frmKeywords.KeywordCount"), "3");
+        EXPECT_EQ(Shows("frmKeywords.Text1"), "");
+        Key(Qt::Key_N, Qt::AltModifier);
+        AwaitScreen("frmKeywordsHowMany");
+        // What the box holds is selected: typing replaces it.
+        Type("2");
+        EXPECT_EQ(Shows("frmKeywordsHowMany.txtKeywordsPerFilename"), "2");
+        Key(Qt::Key_N, Qt::AltModifier);
+        AwaitScreen("frmQuillmark");
+        Key(Qt::Key_Space);
+        EXPECT_TRUE(The("frmQuillmark.chkUsingQuillmark").Now.Ticked);
+        Key(Qt::Key_Space);
+        Key(Qt::Key_N, Qt::AltModifier);
+        AwaitScreen("frmConfirm");
+        Key(Qt::Key_Return);
+        AwaitScreen("frmDoItAlready");
+        Key(Qt::Key_Return);
+        ExpectSampleReport(">1488<");
+        AwaitPage("report.html");
+        // The menus, by their keys alone.
+        Key(Qt::Key_Alt);
+        AnswerNextBox("Yes");
+        Key(Qt::Key_Return);
+    });
+    EXPECT_EQ(code, 0);
+}
