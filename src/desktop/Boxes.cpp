@@ -1,5 +1,6 @@
 #include "desktop/Boxes.h"
 #include "desktop/QtText.h"
+#include "desktop/Theme.h"
 #include "toolkit/Services.h"
 #include <QCheckBox>
 #include <QFileDialog>
@@ -8,6 +9,16 @@
 
 namespace Boxes
 {
+// Plain text throughout, to be copied into a report of an error, and buttons in the look of the screens.
+static void Dress(QMessageBox &theBox)
+{
+    theBox.setTextFormat(Qt::PlainText);
+    theBox.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    theBox.setStyleSheet(Theme::BoxStyle());
+    for (QAbstractButton *button : theBox.buttons())
+        button->setIcon(QIcon());
+}
+
 // Paths hold no blanks to break at; a place of no width behind each backslash lets a long one go on in the next line.
 static QString Breakable(const Text &theText)
 {
@@ -34,14 +45,13 @@ int Ask(
     QWidget *theParent, const Text &thePrompt, int theFlags, const Text &theTitle, bool hasOptOut, bool &wantsNoMore)
 {
     QMessageBox box(IconOf(theFlags), Shown(theTitle), Breakable(thePrompt), QMessageBox::NoButton, theParent);
-    box.setTextFormat(Qt::PlainText);
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     wantsNoMore = false;
     if (!(theFlags & msgYesNo)) {
         box.addButton(QMessageBox::Ok);
         QCheckBox optOut(QObject::tr("Don't show this message again during this run"));
         if (hasOptOut)
             box.setCheckBox(&optOut);
+        Dress(box);
         box.exec();
         wantsNoMore = hasOptOut && optOut.isChecked();
         box.setCheckBox(nullptr);
@@ -50,6 +60,7 @@ int Ask(
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(theFlags & msgThirdDefault ? QMessageBox::No : QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
+    Dress(box);
     return box.exec() == QMessageBox::Yes ? answerYes : answerNo;
 }
 
@@ -76,10 +87,9 @@ void TellFailure(QWidget *theParent, const RuntimeFailure &theFailure)
 {
     QMessageBox box(
         QMessageBox::Critical, Shown(DefaultBoxTitle), QObject::tr("Run-time failure"), QMessageBox::Ok, theParent);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(Breakable(theFailure.What + "\r\n\r\n" + theFailure.Where) +
                            QObject::tr("\n\nThe program ends now. What it has written so far stays."));
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    Dress(box);
     box.exec();
 }
 
@@ -88,10 +98,10 @@ bool WantsToWait(QWidget *theParent, const Text &theWhere, const Text &theWhy)
     const QString title = Shown(DefaultBoxTitle.empty() ? "Ferncastle" : DefaultBoxTitle);
     QMessageBox box(
         QMessageBox::Warning, title, QObject::tr("Ferncastle is not responding"), QMessageBox::NoButton, theParent);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(Breakable(theWhy + "\r\n\r\n" + theWhere));
     const QPushButton *wait = box.addButton(QObject::tr("Wait"), QMessageBox::RejectRole);
     box.setDefaultButton(box.addButton(QObject::tr("End Program"), QMessageBox::AcceptRole));
+    Dress(box);
     box.exec();
     return box.clickedButton() == wait;
 }

@@ -57,8 +57,8 @@ void Desktop::Place(Window &theWindow)
 {
     const QRect screen = theWindow.screen()->availableGeometry();
     if (theWindow.TheForm.Design.Sizable) {
+        // For the user who makes it smaller than the whole screen.
         theWindow.resize(screen.size() * 4 / 5);
-        theWindow.setWindowState(Qt::WindowMaximized);
         return;
     }
     if (!hasPlace || theWindow.windowFlags().testFlag(Qt::FramelessWindowHint)) {
@@ -94,7 +94,9 @@ void Desktop::Show(Form &theForm)
     }
     std::erase(order, &theForm);
     order.push_back(&theForm);
-    if (window->isMinimized())
+    if (isNew && theForm.Design.Sizable)
+        window->showMaximized();
+    else if (window->isMinimized())
         window->showNormal();
     else
         window->show();

@@ -133,4 +133,24 @@ QString ReadingStyle()
 {
     return QString::fromLatin1(slimScrollBar) + QStringLiteral("QTextEdit { background: transparent; border: 0; }");
 }
+
+QString ToolStyle()
+{
+    return QStringLiteral("QToolButton { background: white; border: 1px solid #AFC1B8; border-radius: 7px; "
+                          "padding: 5px 12px 5px 8px; color: #123F38; }"
+                          "QToolButton:hover { background: #E3F0EA; }"
+                          "QToolButton:pressed { background: #C9D6CF; }"
+                          "QToolButton:focus { border: 2px solid #1B2F5B; padding: 4px 11px 4px 7px; }");
+}
+
+QString BoxStyle()
+{
+    return QStringLiteral("QPushButton { background: white; border: 1px solid #AFC1B8; border-radius: 7px; "
+                          "min-width: 72px; padding: 6px 14px; color: #123F38; }"
+                          "QPushButton:hover { background: #E3F0EA; }"
+                          "QPushButton:pressed { background: #C9D6CF; }"
+                          "QPushButton:default { background: #1F6B55; border-color: #195947; color: white; }"
+                          "QPushButton:default:hover { background: #278066; }"
+                          "QPushButton:focus { border: 2px solid #1B2F5B; padding: 5px 13px; }");
+}
 }  // namespace Theme

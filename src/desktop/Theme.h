@@ -25,4 +25,6 @@ QString MenuStyle();
 QString ListStyle();
 QString EntryStyle();
 QString ReadingStyle();
+QString ToolStyle();
+QString BoxStyle();
 }  // namespace Theme

@@ -151,7 +151,9 @@ Window::Item Window::MakeToolBar(ToolBar &theBar)
 {
     auto *row = new QWidget(this);
     auto *layout = new QHBoxLayout(row);
-    layout->setContentsMargins(8, 6, 8, 6);
+    layout->setContentsMargins(12, 8, 8, 4);
+    layout->setSpacing(8);
+    row->setStyleSheet(Theme::ToolStyle());
     for (const ToolButton &tool : theBar.Buttons) {
         auto *button = new QToolButton(row);
         button->setObjectName(QString::fromLatin1(theBar.Name) + Shown(tool.Key));
@@ -159,7 +161,6 @@ Window::Item Window::MakeToolBar(ToolBar &theBar)
         button->setFont(Theme::FontOf(Look::Body));
         button->setToolTip(Shown(tool.Tip));
         button->setFocusPolicy(Qt::StrongFocus);
-        button->setAutoRaise(true);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setArrowType(tool.Key == "Back" ? Qt::LeftArrow : Qt::RightArrow);
         const auto press = [&theBar, key = tool.Key] { Deeds::Tool(theBar, key); };
