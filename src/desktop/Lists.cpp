@@ -207,7 +207,7 @@ void DriveBox::ReadDrives()
     clear();
     for (const Text &drive : HostFiles::Drives()) {
         const Text place = HostFiles::ToHost(drive + "\\");
-        const QString words = place == "/" ? QStringLiteral("this computer") : Shown(place);
+        const QString words = drive == "c:" ? QStringLiteral("this computer") : Shown(place);
         addItem(Shown(drive) + QStringLiteral("   ") + (Shown(place).startsWith(Shown(drive)) ? QString() : words),
             Shown(drive));
     }

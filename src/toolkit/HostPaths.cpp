@@ -69,7 +69,9 @@ Text ToHost(const Text &thePath)
 
 Text FromHost(const Text &theHostPath)
 {
-    Text Result = "c:" + theHostPath;
+    // Never another letter than c: those of further drives may be others tomorrow.
+    const Text &root = TheDrives()['c'];
+    Text Result = "c:" + (theHostPath.starts_with(root + '/') ? theHostPath.substr(root.size()) : theHostPath);
     std::replace(Result.begin() + 2, Result.end(), '/', '\\');
     while (Result.size() > 3 && Result.back() == '\\')
         Result.pop_back();

@@ -58,6 +58,8 @@ TEST(Pictures, AreAllThereInTheirSizes)
         EXPECT_EQ(pixels(readData("imgs/" + name + ".jpg")), Size(w, h)) << name;
         EXPECT_EQ(pixels(readData("imgs/" + name + "@2x.jpg")), Size(2 * w, 2 * h)) << name;
     }
+    for (const std::size_t side : {16u, 24u, 32u, 48u, 64u, 128u, 256u})
+        EXPECT_EQ(pixels(readData("icons/ferncastle-" + std::to_string(side) + ".png")), Size(side, side));
     EXPECT_EQ(pixels(readData("imgs/bg_report01.jpg")), Size(1600, 240));
     EXPECT_EQ(pixels(readData("imgs/report_title01.png")), Size(880, 128));
     EXPECT_EQ(pixels(readData("imgs/title_project_details.png")), Size(640, 56));

@@ -1,17 +1,21 @@
 // Pictures of all screens: ferncastle-screens PROGRAM-DIR OUT-DIR [long]. PROGRAM-DIR holds a project 0001 that has
 // been run. With QT_SCALE_FACTOR=2 the pictures are twice as fine; with "long" all names and paths are.
 #include "core/AppVars.h"
+#include "core/TextOps.h"
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
 #include "engine/frmProcess.h"
+#include "report/frmGeneratingReport.h"
 #include "report/frmReport.h"
 #include "toolkit/HostFiles.h"
 #include "wizard/HelpBox.h"
-#include "wizard/frmKeywords.h"
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
+#include <QTimer>
+#include <cstdlib>
 #include <iostream>
 
 static void Wait(int theMilliseconds)
@@ -30,6 +34,8 @@ int main(int argc, char **argv)
         std::cerr << "usage: ferncastle-screens PROGRAM-DIR OUT-DIR [long]\n";
         return 2;
     }
+    // Paths as short as a user's, wherever the directory lies.
+    HostFiles::MapDrive('c', QFileInfo(QDir(argv[1]).absolutePath()).path().toStdString());
     HostFiles::SetProgramDir(QDir(argv[1]).absolutePath().toStdString());
     Application::Dress();
     Desktop desktop;
@@ -39,6 +45,15 @@ int main(int argc, char **argv)
         Window *window = desktop.WindowOf(form);
         window->grab().save(out.filePath(QStringLiteral("%1%2.png").arg(form.Name, theWords)));
     };
+    // A box that nobody answers would wait for ever.
+    QTimer watch;
+    watch.callOnTimeout([] {
+        if (const QWidget *box = QApplication::activeModalWidget()) {
+            std::cerr << "unexpected: " << box->property("text").toString().toStdString() << '\n';
+            std::_Exit(1);
+        }
+    });
+    watch.start(1000);
     StartProgram(frmSplash::Me);
     Wait(200);
     save(frmSplash::Me, "");
@@ -50,23 +65,15 @@ int main(int argc, char **argv)
     ProjectName = "Fern and Friends" + much;
     DomainName =
         isLong ? "www.a-very-long-domain-name-of-a-fern-growers-club-in-otterby.example" : "fernandfriends.example";
-    LocalSiteDir =
-        HostFiles::ProgramDir() + "\\sample" + (isLong ? Text("\\and\\a\\directory\\far\\below\\that one\\") : "\\");
+    LocalSiteDir = "c:\\sites\\ferns\\" + Text(isLong ? "and\\a\\directory\\far\\below\\that one\\" : "");
     KeywordTotal = 7;
     for (const char *name : {"frmWelcome", "frmMenu", "frmLoadCreate", "frmCreate", "frmLoad", "frmDirectory",
              "frmKeywords", "frmKeywordsHowMany", "frmQuillmark", "frmConfirm", "frmDoItAlready", "frmFilters",
-             "frmAbout", "frmErrorReporting", "frmProcess", "frmGeneratingReport"}) {
+             "frmAbout", "frmErrorReporting"}) {
         for (Form *form : Form::All()) {
             if (Text(form->Name) != name)
                 continue;
             HelpBoxOpen = false;
-            // The run itself isn't wanted here.
-            if (form == &frmProcess::Me) {
-                form->Load();
-                for (Element *element : form->Elements())
-                    if (auto *timer = dynamic_cast<Timer *>(element))
-                        timer->Enabled = false;
-            }
             form->Show();
             Wait(150);
             save(*form, "");
@@ -77,15 +84,37 @@ int main(int argc, char **argv)
             }
             Wait(150);
             save(*form, "-help");
-            const auto forms = Form::All();
             form->Unload();
         }
     }
-    frmReport::Me.Show();
-    Wait(2500);
-    desktop.WindowOf(frmReport::Me)->showNormal();
-    desktop.WindowOf(frmReport::Me)->resize(1024, 740);
-    Wait(1500);
+    // The run and the report are met on their way.
+    int step = 0;
+    QTimer look;
+    look.callOnTimeout([&] {
+        if (step == 0 && NumberAtStart(frmProcess::lblFilesCnt.Now.Caption) > 6) {
+            step = 1;
+            save(frmProcess::Me, "");
+            UserClick(*frmProcess::Me.Find<Control>("hlpPagesAdded"));
+        } else if (step == 1) {
+            step = 2;
+            save(frmProcess::Me, "-help");
+            UserClick(*frmProcess::Me.Find<Control>("btnCloseHelp"));
+        } else if (step == 2 && frmGeneratingReport::chkboxMediaReport.Now.Picture.ends_with("chkboxDone.jpg")) {
+            step = 3;
+            save(frmGeneratingReport::Me, "");
+        }
+    });
+    look.start(1);
+    HelpBoxOpen = false;
+    frmProcess::Me.Show();
+    for (int patience = 0; patience < 600 && !frmReport::Me.Visible; ++patience)
+        Wait(50);
+    Window *report = desktop.WindowOf(frmReport::Me);
+    if (!report)
+        return 1;
+    report->showNormal();
+    report->resize(1024, 740);
+    Wait(4000);
     save(frmReport::Me, "");
     return 0;
 }
