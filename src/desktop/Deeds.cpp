@@ -11,6 +11,7 @@ namespace Deeds
 static Text held;
 static const Form *lastScreen = nullptr;
 static long yields = 0, yieldsWritten = 0;
+static int serving = 0;
 
 static void Write(const Text &theLine)
 {
@@ -25,7 +26,7 @@ static void Line(const Text &theVerb, const Element &theElement, const Text &the
     if (lastScreen != &theElement.Owner)
         Write("wait " + Text(theElement.Owner.Name));
     lastScreen = &theElement.Owner;
-    if (yields != yieldsWritten)
+    if (serving > 0 && yields != yieldsWritten)
         Write("at " + std::to_string(yields));
     yieldsWritten = yields;
     const bool isForm = &theElement.Owner == &theElement;
@@ -59,6 +60,10 @@ void Yielded()
 {
     ++yields;
 }
+void Serving(bool isServing)
+{
+    serving += isServing ? 1 : -1;
+}
 void Ended()
 {
     Write(std::exchange(held, ""));
@@ -69,6 +74,7 @@ static void Typed(const TextBox &, const Text &, const Text &) {}
 void Answered(bool) {}
 void Chose(const Text &) {}
 void Yielded() {}
+void Serving(bool) {}
 void Ended() {}
 #endif
 

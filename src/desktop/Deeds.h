@@ -17,9 +17,11 @@ bool Go(DirList &theList, const Text &thePath);
 bool Pick(DriveList &theList, const Text &theDrive);
 bool Tool(ToolBar &theBar, const Text &theKey);
 bool Close(Form &theForm);
-// What a box was answered, a dialog gave, how often the program has yielded; the end of the program.
+// What a box was answered, a dialog gave; that the program yields, and whether what comes now is done during that; its
+// end.
 void Answered(bool isYes);
 void Chose(const Text &theFile);
 void Yielded();
+void Serving(bool isServing);
 void Ended();
 }  // namespace Deeds

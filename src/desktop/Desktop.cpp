@@ -200,7 +200,9 @@ void Desktop::FollowTimer(Timer &theTimer)
 void Desktop::Serve(QEventLoop::ProcessEventsFlags theFlags)
 {
     ShowChanges();
+    Deeds::Serving(true);
     QCoreApplication::processEvents(theFlags);
+    Deeds::Serving(false);
     nextYield = Clock::now() + yieldEvery;
 }
 
