@@ -195,11 +195,23 @@ void DirRows::keyPressEvent(QKeyEvent *theEvent)
 DriveBox::DriveBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent), list(theList)
 {
     setFont(Theme::FontOf(Look::Body));
+    setStyleSheet(Theme::PickerStyle());
     ReadDrives();
     connect(this, &QComboBox::activated, this, [this](int theRow) {
         Deeds::Pick(list, FromShown(itemData(theRow).toString()));
         Update();
     });
+}
+
+// A style rule can't draw an arrow without a picture of it.
+void DriveBox::paintEvent(QPaintEvent *theEvent)
+{
+    QComboBox::paintEvent(theEvent);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Theme::Dim, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF at(width() - 17, height() / 2.0 - 2);
+    painter.drawPolyline(QPolygonF{at, at + QPointF(4, 4), at + QPointF(8, 0)});
 }
 
 void DriveBox::ReadDrives()

@@ -84,6 +84,9 @@ public:
     DriveBox(DriveList &theList, QWidget *theParent);
     void Update();
 
+protected:
+    void paintEvent(QPaintEvent *theEvent) override;
+
 private:
     void ReadDrives();
     DriveList &list;

@@ -129,6 +129,16 @@ QString EntryStyle()
                           "QLineEdit:disabled { background: #F0F4F1; }");
 }
 
+QString PickerStyle()
+{
+    return QStringLiteral("QComboBox { background: white; border: 1px solid #AFC1B8; border-radius: 6px; "
+                          "padding: 1px 8px; color: #20302C; }"
+                          "QComboBox:focus { border: 2px solid #1F6B55; padding: 0 7px; }"
+                          "QComboBox::drop-down { border: 0; width: 24px; }"
+                          "QComboBox::down-arrow { image: none; }"
+                          "QComboBox QAbstractItemView { background: white; color: #20302C; outline: 0; }");
+}
+
 QString ReadingStyle()
 {
     return QString::fromLatin1(slimScrollBar) + QStringLiteral("QTextEdit { background: transparent; border: 0; }");

@@ -24,6 +24,7 @@ QPalette WholePalette();
 QString MenuStyle();
 QString ListStyle();
 QString EntryStyle();
+QString PickerStyle();
 QString ReadingStyle();
 QString ToolStyle();
 QString BoxStyle();

@@ -22,7 +22,7 @@ Form Me{"frmDirectory", {.Load = Form_Load}};
 Label Label1{
     Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Choose the location of your site", .Style = Look::Title}};
 DriveList Drive1{Me, "Drive1", {.At = {24, 62, 270, 26}, .Says = "Drive of your site", .Change = Drive1_Change}};
-DirList Dir1{Me, "Dir1", {.At = {24, 94, 270, 176}, .Says = "Directory of your site"}};
+DirList Dir1{Me, "Dir1", {.At = {24, 94, 270, 184}, .Says = "Directory of your site"}};
 Label Label6{Me, "Label6",
     {.At = {312, 62, 234, 150},
         .Caption = "Use the controls to the left to navigate to the root directory of the site you'd like Ferncastle "
