@@ -4,6 +4,7 @@
 #include "toolkit/Services.h"
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -12,6 +13,9 @@ namespace Boxes
 // Plain text throughout, to be copied into a report of an error, and buttons in the look of the screens.
 static void Dress(QMessageBox &theBox)
 {
+    // The informative text too, at whose kind the box would guess.
+    for (auto *label : theBox.findChildren<QLabel *>())
+        label->setTextFormat(Qt::PlainText);
     theBox.setTextFormat(Qt::PlainText);
     theBox.setTextInteractionFlags(Qt::TextSelectableByMouse);
     theBox.setStyleSheet(Theme::BoxStyle());

@@ -9,7 +9,8 @@ static constexpr int cardMargin = 9;
 
 TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
     : QLabel(theParent), label(theLabel),
-      isOneLine(label.Design.Style == Look::Value || label.Design.Style == Look::Counter),
+      isOneLine(label.Design.Style == Look::Value || label.Design.Style == Look::Counter ||
+                label.Design.Style == Look::Status),
       isOnCard(isOneLine && label.Design.At.Height >= cardHeight)
 {
     setTextFormat(Qt::PlainText);
@@ -39,7 +40,7 @@ void TextLabel::Update()
     if (QString words = Shown(label.Now.Caption); words != text()) {
         setText(words);
         if (isOneLine)
-            setToolTip(fontMetrics().horizontalAdvance(words) > contentsRect().width() ? words : QString());
+            setToolTip(fontMetrics().horizontalAdvance(words) > contentsRect().width() ? TipOf(words) : QString());
     }
 }
 

@@ -37,7 +37,8 @@ QVariant RowsModel::data(const QModelIndex &theIndex, int theRole) const
     const auto row = static_cast<std::size_t>(theIndex.row());
     if ((theRole != Qt::DisplayRole && theRole != Qt::ToolTipRole) || row >= list.NowRows.size())
         return {};
-    return Shown(list.NowRows[row]);
+    const QString words = Shown(list.NowRows[row]);
+    return theRole == Qt::ToolTipRole ? TipOf(words) : words;
 }
 
 void RowsModel::Reread()
@@ -131,7 +132,7 @@ QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
     const int row = ListRow(theIndex.row());
     const Text path = list.List(row);
     if (theRole == Qt::ToolTipRole)
-        return Shown(path);
+        return TipOf(Shown(path));
     if (theRole == Qt::DecorationRole)
         return FolderPicture(std::min(row < 0 ? theIndex.row() : depth, 10), row < 0);
     if (theRole != Qt::DisplayRole)

@@ -1,5 +1,6 @@
 #include "desktop/QtText.h"
 #include <QStringDecoder>
+#include <QTextDocument>
 
 QString Shown(const Text &theText)
 {
@@ -14,4 +15,9 @@ QString Shown(const Text &theText)
 Text FromShown(const QString &theText)
 {
     return theText.toStdString();
+}
+
+QString TipOf(const QString &theWords)
+{
+    return Qt::mightBeRichText(theWords) ? Qt::convertFromPlainText(theWords) : theWords;
 }

@@ -6,3 +6,5 @@
 
 QString Shown(const Text &theText);
 Text FromShown(const QString &theText);
+// Words for a tip, which takes what looks like a page's text for one.
+QString TipOf(const QString &theWords);

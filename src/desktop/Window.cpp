@@ -194,6 +194,18 @@ bool Window::IsMouseOnly(const Control &theControl) const
     return false;
 }
 
+// Of buttons that take turns on one spot, such as Pause and Resume, the next one has the keyboard after the last: the
+// one beside them might be Cancel.
+void Window::HandFocusOn(const Control &theFormer)
+{
+    for (const Control *control : controls)
+        if (const Place &at = control->Now.At; control != &theFormer && control->Now.Visible &&
+                                               at.Left == theFormer.Now.At.Left && at.Top == theFormer.Now.At.Top) {
+            items.at(control).Widget->setVisible(true);
+            items.at(control).Widget->setFocus(Qt::OtherFocusReason);
+        }
+}
+
 void Window::UpdateItem(Control &theControl, const Item &theItem)
 {
     const Place &at = theControl.Now.At;
@@ -202,7 +214,10 @@ void Window::UpdateItem(Control &theControl, const Item &theItem)
         Whole(at.Left), Whole(at.Top) + (shape ? 0 : bodyTop), Whole(at.Width), Whole(at.Height));
     theItem.Widget->setEnabled(theControl.Now.Enabled);
     const bool isBare = dynamic_cast<const Image *>(&theControl) && theControl.Now.Picture.empty();
-    theItem.Widget->setVisible(theControl.Now.Visible && !isBare && (shape || IsWithin(theControl)));
+    const bool isShown = theControl.Now.Visible && !isBare && (shape || IsWithin(theControl));
+    if (!isShown && theItem.Widget->hasFocus())
+        HandFocusOn(theControl);
+    theItem.Widget->setVisible(isShown);
     if (theItem.Update)
         theItem.Update();
 }

@@ -47,6 +47,7 @@ private:
     Item MakePicture(Image &theImage);
     Item MakeToolBar(ToolBar &theBar);
     void UpdateItem(Control &theControl, const Item &theItem);
+    void HandFocusOn(const Control &theFormer);
     void BindKeys();
     void SetTabOrder();
     bool IsWithin(const Control &theControl) const;

@@ -9,7 +9,8 @@ HelpFrame::HelpFrame(Form &theForm, Handler btnCloseHelp_Click)
     : bg_help(theForm, "bg_help", {.At = {normalWidth, 0, frameWidth, 435}}),
       textHBHeading(
           theForm, "textHBHeading", {.At = {normalWidth + 12, 58, frameWidth - 24, 36}, .Style = Look::HelpHeading}),
-      textHBText(theForm, "textHBText", {.At = {normalWidth + 12, 98, frameWidth - 18, 258}, .Style = Look::HelpText}),
+      textHBText(theForm, "textHBText",
+          {.At = {normalWidth + 12, 98, frameWidth - 18, 258}, .Says = "Help text", .Style = Look::HelpText}),
       btnCloseHelp(theForm, "btnCloseHelp",
           {.At = {normalWidth + 34, 372, 92, 34}, .Says = "Close help", .Click = btnCloseHelp_Click})
 {

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QTest>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <random>
@@ -42,7 +43,7 @@ public:
     }
 
     // Runs the program from its start to its end; theUser is what somebody does meanwhile.
-    void RunProgram(const std::function<void()> &theUser)
+    void RunProgram(const std::function<void()> &theUser, Form &theFirstForm = frmSplash::Me)
     {
         QTimer::singleShot(0, [=] {
             theUser();
@@ -50,9 +51,42 @@ public:
             if (HasFailure())
                 QCoreApplication::exit(99);
         });
-        code = desktop->Run(frmSplash::Me);
+        code = desktop->Run(theFirstForm);
     }
 
+    // A project as the wizard leaves it, its site being the sample.
+    void MakeProject() const
+    {
+        ProjectNumber = "0001";
+        ProjectMode = "load";
+        ProjectName = "Fern and Friends";
+        DomainName = "fernandfriends.example";
+        // The same new names each time, with keywords: bare numbers would soon meet twice.
+        SetClock(1);
+        KeywordsPerFilename = 3;
+        LocalSiteDir = HostFiles::ProgramDir() + "\\sample\\";
+        std::filesystem::create_directories(program / "0001");
+        std::filesystem::create_directories(program / "0001_store");
+        const auto write = [&](const char *theEnd, const Text &theText) {
+            std::ofstream(program / "0001_store" / (ProjectNumber + theEnd), std::ios::binary) << theText;
+        };
+        write(".name", ProjectName + "[]");
+        write(".dom", DomainName + "[]");
+        write(".dir", LocalSiteDir + "[]");
+        write(".key", "moss\r\nfern\r\nshade\r\nfronds\r\n");
+    }
+    // Shows a screen at once, whatever the way to it; those that showed close.
+    void GoTo(Form &theForm) const
+    {
+        // A screen that comes up before an application that nobody looks at isn't given the keyboard.
+        ASSERT_TRUE(WaitUntil([] { return QGuiApplication::applicationState() == Qt::ApplicationActive; }));
+        HelpBoxOpen = false;
+        theForm.Show();
+        for (Form *form : Form::All())
+            if (form != &theForm && form->Visible)
+                form->Unload();
+        AwaitScreen(theForm.Name);
+    }
     static Form &TheForm(const char *theName)
     {
         for (Form *form : Form::All())
@@ -113,20 +147,31 @@ public:
         const QWidget *focus = QApplication::focusWidget();
         return focus ? focus->objectName().toStdString() : "(none)";
     }
-    // Does something to the next modal box, as soon as it is there. The words of the box are kept.
-    template <class Deed> void InNextBox(Deed theDeed)
+    // Does something as soon as it can be done, in the midst of whatever is running then.
+    template <class Condition, class Deed> static void When(Condition isSo, Deed theDeed)
     {
         auto *look = new QTimer(qApp);
-        look->callOnTimeout([this, look, theDeed] {
-            QWidget *box = QApplication::activeModalWidget();
-            if (!box || !box->isVisible())
+        look->callOnTimeout([=] {
+            if (!isSo())
                 return;
             look->deleteLater();
             look->stop();
-            boxSaid = box->property("text").toString().toStdString();
-            theDeed(*box);
+            theDeed();
         });
-        look->start(20);
+        look->start(5);
+    }
+    // The same to the next modal box. The words of the box are kept.
+    template <class Deed> void InNextBox(Deed theDeed)
+    {
+        const auto isThere = [] {
+            const QWidget *box = QApplication::activeModalWidget();
+            return box && box->isVisible() && box == QApplication::activeWindow();
+        };
+        When(isThere, [this, theDeed] {
+            QWidget &box = *QApplication::activeModalWidget();
+            boxSaid = box.property("text").toString().toStdString();
+            theDeed(box);
+        });
     }
     void AnswerNextBox(const char *theButton)
     {

@@ -1,0 +1,195 @@
+// The boxes before the windows, and texts of every kind in boxes and on screens.
+#include "WindowTest.h"
+#include "desktop/Boxes.h"
+#include "wizard/frmConfirm.h"
+#include "wizard/frmDoItAlready.h"
+#include "wizard/frmLoad.h"
+#include <QCheckBox>
+#include <QLabel>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTextDocumentFragment>
+
+// A screen with one button; what a click on it does is the test's.
+static Form &Probe(Handler theClick)
+{
+    static Form probe{"frmProbe", {.Width = 600, .Height = 435}};
+    static Button go{probe, "go", {.At = {20, 20, 100, 30}, .Caption = "Go", .Click = theClick}};
+    static MenuItem menu{probe, "menu", {.Caption = "File"}};
+    return probe;
+}
+
+static Text ButtonsOf(const QWidget &theBox)
+{
+    const auto &box = dynamic_cast<const QMessageBox &>(theBox);
+    Text Result;
+    for (const auto *button : box.buttons()) {
+        Result += button == box.focusWidget() ? "*" : "";
+        Result += button->text().remove('&').toStdString() + " ";
+    }
+    return Result;
+}
+
+static Text Informs(const QWidget &theBox)
+{
+    return dynamic_cast<const QMessageBox &>(theBox).informativeText().remove(QChar(0x200B)).toStdString();
+}
+
+TEST_F(WindowTest, BoxesByTheirFlags)
+{
+    struct Case {
+        int Flags;
+        QMessageBox::Icon Icon;
+        const char *Buttons;
+        Qt::Key Answer;
+        int Result;
+    };
+    const Case cases[] = {
+        {msgOK + 64, QMessageBox::Information, "*OK ", Qt::Key_Escape, answerOK},
+        {msgYesNo, QMessageBox::NoIcon, "*Yes No ", Qt::Key_Return, answerYes},
+        {msgYesNo + 32, QMessageBox::Question, "*Yes No ", Qt::Key_Escape, answerNo},
+        {msgYesNo + msgStop + msgThirdDefault, QMessageBox::Critical, "Yes *No ", Qt::Key_Return, answerNo},
+        {msgYesNo + msgStop + msgThirdDefault, QMessageBox::Critical, "Yes *No ", Qt::Key_Escape, answerNo},
+    };
+    StartProgram(frmSplash::Me);
+    GoTo(frmLoad::Me);
+    for (const auto &[flags, icon, buttons, answer, result] : cases) {
+        SCOPED_TRACE(flags);
+        InNextBox([&](QWidget &theBox) {
+            EXPECT_EQ(dynamic_cast<QMessageBox &>(theBox).icon(), icon);
+            EXPECT_EQ(ButtonsOf(theBox), buttons);
+            EXPECT_EQ(theBox.windowTitle(), "Exit");
+            QTest::keyClick(theBox.focusWidget(), answer);
+        });
+        EXPECT_EQ(MsgBox("Are you sure?", flags, "Exit"), result);
+        EXPECT_EQ(boxSaid, "Are you sure?");
+    }
+}
+
+TEST_F(WindowTest, EqualBoxesCanBeSilenced)
+{
+    static int times;
+    Form &probe = Probe([] {
+        for (times = 1; times <= 6; ++times)
+            MsgBox("cannot yet accept this case");
+        MsgBox("Error copying");
+    });
+    Text seen;
+    // Notes each box: whether it offers to be seen no more. The fourth is taken at its word.
+    const std::function<void(QWidget &)> answer = [&](QWidget &theBox) {
+        auto *optOut = theBox.findChild<QCheckBox *>();
+        seen += std::to_string(times) + (optOut ? "+ " : " ");
+        if (times == 4 && optOut) {
+            EXPECT_EQ(optOut->text(), "Don't show this message again during this run");
+            QTest::mouseClick(optOut, Qt::LeftButton, {}, QPoint(8, optOut->height() / 2));
+        }
+        if (times < 7)
+            InNextBox(answer);
+        EXPECT_EQ(boxSaid, times < 7 ? "cannot yet accept this case" : "Error copying");
+        QTest::keyClick(&theBox, Qt::Key_Return);
+    };
+    RunProgram(
+        [&] {
+            for (int deed = 0; deed < 2; ++deed) {
+                seen.clear();
+                InNextBox(answer);
+                Click("frmProbe.go");
+                EXPECT_EQ(seen, "1 2 3+ 4+ 7 ");
+            }
+            WindowOf("frmProbe")->close();
+        },
+        probe);
+    EXPECT_EQ(code, 0);
+}
+
+TEST_F(WindowTest, UntrappedFailure)
+{
+    RunProgram(
+        [&] {
+            InNextBox([](QWidget &theBox) {
+                EXPECT_EQ(dynamic_cast<QMessageBox &>(theBox).icon(), QMessageBox::Critical);
+                const Text informs = Informs(theBox);
+                EXPECT_TRUE(informs.starts_with("no such <b>directory</b>\n\nc:\\R&D\\<i>x</i>")) << informs;
+                // What is said stands there as it is, not as a page's text.
+                for (const auto *label : theBox.findChildren<QLabel *>())
+                    EXPECT_TRUE(label->text().isEmpty() || label->textFormat() == Qt::PlainText);
+                QTest::keyClick(&theBox, Qt::Key_Return);
+            });
+            Click("frmProbe.go");
+            EXPECT_EQ(boxSaid, "Run-time failure");
+        },
+        Probe([] { Fail("no such <b>directory</b>", "c:\\R&D\\<i>x</i>"); }));
+    EXPECT_EQ(code, 3);
+}
+
+TEST_F(WindowTest, Standstill)
+{
+    int boxes = 0;
+    desktop->askAgainAfter = std::chrono::milliseconds(50);
+    const std::function<void(QWidget &)> answer = [&](QWidget &theBox) {
+        const Text informs = Informs(theBox);
+        EXPECT_TRUE(informs.starts_with("There are too few keywords.\n\nMakeKeywordedFileName")) << informs;
+        EXPECT_EQ(ButtonsOf(theBox).find("*End Program") != Text::npos, true);
+        const char *button = ++boxes == 1 ? "Wait" : "End Program";
+        if (boxes == 1)
+            InNextBox(answer);
+        for (auto *one : theBox.findChildren<QPushButton *>())
+            if (one->text() == QLatin1String(button))
+                QTest::mouseClick(one, Qt::LeftButton);
+    };
+    RunProgram(
+        [&] {
+            InNextBox(answer);
+            Click("frmProbe.go");
+        },
+        Probe([] { ::Standstill("MakeKeywordedFileName", "There are too few keywords."); }));
+    EXPECT_EQ(code, 4);
+    EXPECT_EQ(boxes, 2);
+}
+
+TEST_F(WindowTest, TextsOfEveryKind)
+{
+    StartProgram(frmSplash::Me);
+    MakeProject();
+    // Not UTF-8, with what menus and pages take for marks of their own.
+    ProjectName = "F\xE4rn & <b>S\xF6hne</b> && R&D";
+    const QString name = QStringLiteral("F\u00E4rn & <b>S\u00F6hne</b> && R&D");
+    LocalSiteDir = HostFiles::ProgramDir();
+    for (int deep = 0; deep < 12; ++deep)
+        LocalSiteDir += "\\a_directory_far_below_&_beyond";
+    std::ofstream(program / "0001_store" / "0001.key", std::ios::binary) << ProjectName << "\r\nfern\r\n";
+    std::ofstream(program / "0001_store" / "0001.name", std::ios::binary) << ProjectName << "[]";
+    for (const Text screen : {"frmConfirm", "frmDoItAlready"}) {
+        GoTo(TheForm(screen.c_str()));
+        EXPECT_EQ(qobject_cast<QLabel *>(WidgetOf(screen + ".lblProjName"))->text(), name);
+        const QWidget *site = WidgetOf(screen + ".lblOrigSiteDir");
+        EXPECT_EQ(site->toolTip().toStdString(), LocalSiteDir);
+        EXPECT_EQ(site->width(), 350);
+    }
+    GoTo(frmConfirm::Me);
+    const auto row = [&](const char *theList) {
+        const QAbstractItemModel *rows = qobject_cast<QListView *>(WidgetOf(theList))->model();
+        const QString tip = rows->index(0, 0).data(Qt::ToolTipRole).toString();
+        EXPECT_EQ(Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip, name);
+        return rows->index(0, 0).data().toString();
+    };
+    EXPECT_EQ(row("frmConfirm.lstKeywords"), name);
+    GoTo(frmLoad::Me);
+    EXPECT_EQ(row("frmLoad.lstProjNames"), name);
+    InNextBox([&](QWidget &theBox) {
+        EXPECT_EQ(dynamic_cast<QMessageBox &>(theBox).textFormat(), Qt::PlainText);
+        // All of it is to be read: a long path goes on in the next line.
+        for (const auto *label : theBox.findChildren<QLabel *>()) {
+            const QRect words = label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
+            EXPECT_LE(words.width(), label->width());
+        }
+        EXPECT_LE(theBox.width(), theBox.screen()->availableGeometry().width());
+        EXPECT_LE(theBox.height(), theBox.screen()->availableGeometry().height());
+        QTest::keyClick(&theBox, Qt::Key_Return);
+    });
+    MsgBox("Error copying:\r\nfrom:  " + LocalSiteDir + LocalSiteDir + "\r\nTo:  " + ProjectName);
+    const Text shown = QString::fromStdString(boxSaid).remove(QChar(0x200B)).toStdString();
+    EXPECT_EQ(shown, "Error copying:\nfrom:  " + LocalSiteDir + LocalSiteDir + "\nTo:  " + name.toStdString());
+}

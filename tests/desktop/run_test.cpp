@@ -1,0 +1,184 @@
+// What a user can do while a run is under way.
+#include "WindowTest.h"
+#include "engine/frmProcess.h"
+#include "wizard/frmDoItAlready.h"
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+
+struct Run : WindowTest {
+    static constexpr int pageCount = 200;
+
+    // Pages that name one another, many times over.
+    void MakeSite() const
+    {
+        const std::filesystem::path site = program / "made";
+        std::filesystem::create_directory(site);
+        for (int page = 0; page < pageCount; ++page) {
+            std::ofstream file(site / ("page" + std::to_string(page) + ".htm"));
+            file << "<html><body>";
+            for (int link = 0; link < 20; ++link)
+                file << "<a href=\"page" << (page + link) % pageCount << ".htm\">further</a> ";
+            file << "</body></html>";
+        }
+        LocalSiteDir = HostFiles::ProgramDir() + "\\made\\";
+    }
+    // Starts the run as a user does; the deeds for its midst are to be given before.
+    void StartRun()
+    {
+        MakeProject();
+        MakeSite();
+        GoTo(frmDoItAlready::Me);
+        Click("frmDoItAlready.btnDoItAlready");
+    }
+    static int Files() { return std::stoi(Shows("frmProcess.lblFilesCnt")); }
+    // In the midst of the run, once so many pages have been treated.
+    template <class Deed> static void At(int theFiles, Deed theDeed)
+    {
+        When([=] { return frmProcess::Me.Visible && Files() >= theFiles; }, theDeed);
+    }
+    // What the screen shows of a control, painted by whoever painted it last.
+    QImage Seen(const Text &theName) const
+    {
+        const QWidget *widget = WidgetOf(theName);
+        const QPoint place = widget->mapTo(widget->window(), QPoint());
+        return widget->screen()
+            ->grabWindow(widget->window()->winId(), place.x(), place.y(), widget->width(), widget->height())
+            .toImage();
+    }
+    static bool IsBlank(const QImage &thePicture)
+    {
+        QImage plain(thePicture.size(), thePicture.format());
+        plain.fill(thePicture.pixelColor(0, 0));
+        return thePicture.isNull() || plain == thePicture;
+    }
+    void ClickMenu(const char *theMenu, const char *theItem) const
+    {
+        auto *bar = WindowOf("frmProcess")->findChild<QMenuBar *>();
+        for (QAction *action : bar->actions())
+            if (action->objectName() == QLatin1String(theMenu)) {
+                QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(action).center());
+                QMenu *menu = action->menu();
+                ASSERT_TRUE(WaitUntil([&] { return menu->isVisible(); }));
+                for (QAction *item : menu->actions())
+                    if (item->objectName() == QLatin1String(theItem))
+                        return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+            }
+        FAIL() << theItem;
+    }
+    std::size_t NewPages() const
+    {
+        const std::filesystem::directory_iterator pages(program / "0001");
+        return static_cast<std::size_t>(std::distance(begin(pages), end(pages)));
+    }
+    // The way out, once the report is there.
+    void LeaveReport()
+    {
+        AwaitScreen("frmReport");
+        EXPECT_TRUE(std::filesystem::exists(program / "0001_store" / "report.html"));
+        EXPECT_FALSE(WindowOf("frmProcess"));
+        AnswerNextBox("Yes");
+        WindowOf("frmReport")->close();
+    }
+};
+
+TEST_F(Run, PausesAndGoesOn)
+{
+    int files = 0, pauses = 0;
+    QRect place;
+    QImage paused, late;
+    At(5, [&] {
+        place = WidgetOf("frmProcess.btnPause")->geometry();
+        When([] { return The("frmProcess.btnResume").Now.Visible; },
+            [&] {
+                files = Files();
+                const std::size_t pages = NewPages();
+                // The counts stand, are seen as they stand, and so does what is on the disk.
+                EXPECT_TRUE(WaitUntil([&] {
+                    paused = Seen("frmProcess.lblFilesCnt");
+                    return paused ==
+                           WidgetOf("frmProcess.lblFilesCnt")->grab().toImage().convertToFormat(paused.format());
+                }));
+                WaitUntil([] { return false; }, 60);
+                EXPECT_EQ(Files(), files);
+                EXPECT_EQ(NewPages(), pages);
+                EXPECT_GT(pages, 0u);
+                EXPECT_FALSE(WidgetOf("frmProcess.btnPause")->isVisible());
+                EXPECT_EQ(WidgetOf("frmProcess.btnResume")->geometry(), place);
+                EXPECT_EQ(Focused(), "btnResume");
+                ++pauses;
+                Click("frmProcess.btnResume");
+            });
+        Click("frmProcess.btnPause");
+        EXPECT_TRUE(WaitUntil([&] { return WidgetOf("frmProcess.btnPause")->isVisible(); }));
+        EXPECT_EQ(Focused(), "btnPause");
+        const int afterPause = Files();
+        At(afterPause + 10, [&] {
+            late = Seen("frmProcess.lblFilesCnt");
+            // The frame of a run holds.
+            WindowOf("frmProcess")->close();
+            EXPECT_TRUE(frmProcess::Me.Visible);
+        });
+    });
+    RunProgram([&] {
+        StartRun();
+        LeaveReport();
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(pauses, 1);
+    EXPECT_LT(files, pageCount);
+    EXPECT_FALSE(IsBlank(paused));
+    // Nobody but the run itself has painted that.
+    EXPECT_NE(late, paused);
+    EXPECT_FALSE(IsBlank(late));
+    EXPECT_EQ(NewPages(), pageCount * 21u);
+}
+
+TEST_F(Run, CancelledLeadsToTheReport)
+{
+    int files = 0;
+    At(2, [&] {
+        files = Files();
+        // In a pause too: it ends with the run.
+        When([] { return The("frmProcess.btnResume").Now.Visible; }, [&] { Click("frmProcess.btnCancel"); });
+        Click("frmProcess.btnPause");
+    });
+    RunProgram([&] {
+        StartRun();
+        LeaveReport();
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_GT(files, 0);
+    EXPECT_LT(NewPages(), pageCount * 21u);
+}
+
+TEST_F(Run, ExitFromItsMidst)
+{
+    std::vector<int> asked;
+    At(1, [&] {
+        asked.push_back(Files());
+        AnswerNextBox("No");
+        ClickMenu("mnuFile", "optFile_Exit");
+        EXPECT_EQ(boxSaid, "Are you sure you want to exit?");
+        EXPECT_TRUE(WindowOf("frmProcess")->isVisible());
+        At(asked.back() + 5, [&] {
+            asked.push_back(Files());
+            AnswerNextBox("Yes");
+            ClickMenu("mnuFile", "optFile_Exit");
+        });
+    });
+    RunProgram([&] {
+        StartRun();
+        EXPECT_TRUE(WaitUntil([] { return ProgramEnded(); }));
+    });
+    EXPECT_EQ(code, 0);
+    ASSERT_EQ(asked.size(), 2u);
+    EXPECT_LT(asked[1], pageCount);
+    EXPECT_EQ(Files(), asked[1]);
+    const std::size_t pages = NewPages();
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
+    WaitUntil([] { return false; }, 60);
+    EXPECT_EQ(NewPages(), pages);
+    EXPECT_FALSE(std::filesystem::exists(program / "0001_store" / "report.html"));
+}

@@ -1,0 +1,304 @@
+// What must hold on every screen: words fit, names are there, the keyboard reaches what the mouse does.
+#include "WindowTest.h"
+#include "wizard/frmCreate.h"
+#include "wizard/frmDirectory.h"
+#include "wizard/frmLoadCreate.h"
+#include "wizard/frmMenu.h"
+#include "wizard/frmWelcome.h"
+#include <QAccessible>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTextEdit>
+#include <QToolButton>
+#include <QWindow>
+#include <set>
+
+static bool IsReading(const Control &theControl)
+{
+    return dynamic_cast<const Label *>(&theControl) && theControl.Design.Style == Look::HelpText;
+}
+
+static bool IsFilledIn(const Control &theControl)
+{
+    return dynamic_cast<const TextBox *>(&theControl) || dynamic_cast<const CheckBox *>(&theControl) ||
+           dynamic_cast<const ListBox *>(&theControl) || dynamic_cast<const DirList *>(&theControl) ||
+           dynamic_cast<const DriveList *>(&theControl);
+}
+
+// What a program's text of any length may come to stand in: one line, and the rest in the tip.
+static bool IsValue(const Control &theControl)
+{
+    const Look style = theControl.Design.Style;
+    return style == Look::Value || style == Look::Counter || style == Look::Status;
+}
+
+static bool IsHelpSpot(const Element &theElement)
+{
+    const auto *image = dynamic_cast<const Image *>(&theElement);
+    return image && image->Design.Click && image->Now.Says.starts_with("Help: ");
+}
+
+// Where a label's words stand, on its window.
+static QRect WordsOf(const QLabel &theLabel)
+{
+    const int flags = static_cast<int>(theLabel.alignment()) | (theLabel.wordWrap() ? Qt::TextWordWrap : 0);
+    return theLabel.fontMetrics()
+        .boundingRect(theLabel.contentsRect(), flags, theLabel.text())
+        .translated(theLabel.pos());
+}
+
+struct Screens : WindowTest {
+    // Each screen in turn, and once more with each topic of its help box out.
+    template <class Visit> void Walk(Visit theVisit)
+    {
+        StartProgram(frmSplash::Me);
+        MakeProject();
+        int visited = 0;
+        for (Form *form : Form::All()) {
+            // Stores that nobody sees.
+            if (Text(form->Name) == "frmLists" || Text(form->Name) == "frmTheFile")
+                continue;
+            SCOPED_TRACE(form->Name);
+            // No run is wanted, only its screen.
+            if (auto *run = form->Find<Timer>("Timer1"); run && Text(form->Name) == "frmProcess")
+                run->Enabled = false;
+            GoTo(*form);
+            theVisit(*form, *WindowOf(form->Name));
+            ++visited;
+            for (Element *element : form->Elements())
+                if (IsHelpSpot(*element) && UserClick(static_cast<Control &>(*element))) {
+                    SCOPED_TRACE(element->Name);
+                    EXPECT_EQ(WindowOf(form->Name)->width(), 760);
+                    WaitUntil([&] { return Settled(*form); });
+                    theVisit(*form, *WindowOf(form->Name));
+                }
+        }
+        EXPECT_EQ(visited, 19);
+    }
+    bool Settled(const Form &theForm) const
+    {
+        const auto *heading = qobject_cast<QLabel *>(WidgetOf(Text(theForm.Name) + ".textHBHeading"));
+        return heading && heading->text().toStdString() == theForm.Find<Label>("textHBHeading")->Now.Caption;
+    }
+    template <class Deed> static void Each(const Form &theForm, const Window &theWindow, Deed theDeed)
+    {
+        for (Element *element : theForm.Elements())
+            if (auto *control = dynamic_cast<Control *>(element))
+                if (QWidget *widget = theWindow.WidgetOf(*control); widget && widget->isVisible())
+                    theDeed(*control, *widget);
+    }
+    // What the keyboard is to reach, in the order of reading.
+    static std::vector<QWidget *> Stops(const Form &theForm, Window &theWindow)
+    {
+        std::vector<QWidget *> Result;
+        std::set<Handler> earlier;
+        Each(theForm, theWindow, [&](Control &theControl, QWidget &theWidget) {
+            const Handler click = theControl.Design.Click;
+            const bool isNew = click && earlier.insert(click).second;
+            const bool isPressed = isNew && !dynamic_cast<Label *>(&theControl);
+            if (auto *browser = dynamic_cast<Browser *>(&theControl))
+                Result.push_back(theWindow.PagesOf(*browser).View());
+            else if (isPressed || IsFilledIn(theControl) || IsReading(theControl))
+                Result.push_back(&theWidget);
+            for (QWidget *tool : theWidget.findChildren<QToolButton *>())
+                Result.push_back(tool);
+        });
+        return Result;
+    }
+    static Text FocusAfter(const std::vector<QWidget *> &theStops, Qt::Key theKey)
+    {
+        Key(theKey);
+        // A page takes the focus inside its view.
+        for (const QWidget *stop : theStops)
+            if (const QWidget *focus = QApplication::focusWidget(); stop == focus || stop->isAncestorOf(focus))
+                return stop->objectName().toStdString();
+        return Focused();
+    }
+};
+
+TEST_F(Screens, WordsFitAndNothingOverlaps)
+{
+    const Text longText(300, 'w');
+    Walk([&](Form &theForm, Window &theWindow) {
+        const auto *menus = theWindow.findChild<QMenuBar *>();
+        const int top = menus ? 24 : 0;
+        const QSize size = theForm.Design.Sizable || !top ? theWindow.size() : QSize(theWindow.width(), 435);
+        EXPECT_EQ(theWindow.size(), size);
+        EXPECT_LE(menus ? menus->sizeHint().width() : 0, 600);
+        std::vector<std::pair<Control *, QRect>> places;
+        Each(theForm, theWindow, [&](Control &theControl, QWidget &theWidget) {
+            SCOPED_TRACE(theControl.Name);
+            const auto *label = qobject_cast<QLabel *>(&theWidget);
+            const bool hasWords = dynamic_cast<Label *>(&theControl) && label;
+            QRect place = theWidget.geometry();
+            // The ground of the help box reaches below the window.
+            if (Text(theControl.Name) == "bg_help" || dynamic_cast<Shape *>(&theControl))
+                return;
+            EXPECT_TRUE(QRect(0, top, size.width(), size.height() - top).contains(place)) << place.width();
+            EXPECT_TRUE(place.left() >= 600 || place.right() < 600 || theForm.Design.Sizable);
+            if (hasWords && !IsValue(theControl)) {
+                place = WordsOf(*label);
+                EXPECT_LE(place.height(), label->contentsRect().height()) << label->text().toStdString();
+                EXPECT_LE(place.width(), label->contentsRect().width()) << label->text().toStdString();
+            } else if (hasWords || dynamic_cast<TextBox *>(&theControl)) {
+                EXPECT_LE(theWidget.fontMetrics().height(), theWidget.contentsRect().height());
+            }
+            // A check box reaches below its words, a frame below what it frames.
+            for (const auto &[other, there] : places)
+                if (place.intersects(there) && !(dynamic_cast<CheckBox *>(other) && hasWords))
+                    ADD_FAILURE() << "overlaps " << other->Name;
+            places.emplace_back(&theControl, place);
+        });
+        if (theWindow.width() == 760)
+            return;
+        Each(theForm, theWindow, [&](Control &theControl, QWidget &theWidget) {
+            auto *label = dynamic_cast<Label *>(&theControl);
+            if (!label || !IsValue(theControl))
+                return;
+            SCOPED_TRACE(theControl.Name);
+            for (const Text &words : {longText, Text("short")}) {
+                label->Caption = words;
+                const auto &shown = static_cast<QLabel &>(theWidget);
+                EXPECT_TRUE(WaitUntil([&] { return shown.text().toStdString() == words; }, 2000));
+                EXPECT_EQ(shown.toolTip().toStdString(), words == longText ? words : "");
+                EXPECT_FALSE(shown.wordWrap());
+            }
+        });
+    });
+}
+
+TEST_F(Screens, WhatIsUsedHasANameOfItsOwn)
+{
+    Walk([&](Form &theForm, Window &theWindow) {
+        std::set<QString> names;
+        Each(theForm, theWindow, [&](Control &theControl, QWidget &theWidget) {
+            const bool isPressed = theControl.Design.Click && !dynamic_cast<Label *>(&theControl);
+            if (!isPressed && !IsFilledIn(theControl) && !IsReading(theControl))
+                return;
+            const QString name = QAccessible::queryAccessibleInterface(&theWidget)->text(QAccessible::Name);
+            EXPECT_FALSE(name.isEmpty()) << theControl.Name;
+            EXPECT_TRUE(names.insert(name).second) << theControl.Name << ": " << name.toStdString();
+        });
+    });
+}
+
+TEST_F(Screens, TabGoesRoundInTheOrderOfReading)
+{
+    Walk([&](Form &theForm, Window &theWindow) {
+        std::vector<QWidget *> stops = Stops(theForm, theWindow);
+        if (stops.empty())
+            return;
+        const bool hasPages = theForm.Find<Browser>("FinalReportBrowser");
+        const bool isBackwards = &theForm == &frmDirectory::Me;
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            if (key == Qt::Key_Backtab && !isBackwards)
+                break;
+            stops.front()->setFocus(Qt::TabFocusReason);
+            for (std::size_t i = 1; i < stops.size(); ++i)
+                EXPECT_EQ(FocusAfter(stops, key), stops[i]->objectName().toStdString());
+            // A page leads the keyboard through its own links first.
+            if (!hasPages) {
+                EXPECT_EQ(FocusAfter(stops, key), stops.front()->objectName().toStdString());
+            }
+            std::reverse(stops.begin() + 1, stops.end());
+        }
+    });
+}
+
+TEST_F(Screens, HelpBox)
+{
+    StartProgram(frmSplash::Me);
+    GoTo(frmWelcome::Me);
+    Window *window = WindowOf("frmWelcome");
+    window->move(window->pos() + QPoint(7, 3));
+    const QRect place = window->geometry();
+    const int left = window->x();
+    for (int times = 0; times < 10; ++times) {
+        Key(Qt::Key_F1);
+        EXPECT_EQ(window->size(), QSize(760, 435));
+        // The middle of the window stays, but for half of the difference to its frame.
+        EXPECT_NEAR(window->x(), left - 83.5, 0.5);
+        if (times % 2)
+            Key(Qt::Key_Escape);
+        else
+            Click("frmWelcome.hlpWelcome");
+        EXPECT_EQ(window->geometry(), place) << times;
+        WaitUntil([&] { return false; }, 20);
+        EXPECT_EQ(window->geometry(), place) << times;
+    }
+    // A text longer than its place, by the keyboard alone.
+    Key(Qt::Key_F1);
+    auto *reading = window->findChild<QTextEdit *>("textHBText");
+    EXPECT_TRUE(WaitUntil([&] { return reading->verticalScrollBar()->maximum() > 0; }));
+    reading->setFocus(Qt::TabFocusReason);
+    Key(Qt::Key_PageDown);
+    const int middle = reading->verticalScrollBar()->value();
+    EXPECT_GT(middle, 0);
+    for (int times = 0; times < 10; ++times)
+        Key(Qt::Key_PageDown);
+    EXPECT_EQ(reading->verticalScrollBar()->value(), reading->verticalScrollBar()->maximum());
+
+    GoTo(frmMenu::Me);
+    Click("frmMenu.hlpFAQ");
+    const QRect out = WindowOf("frmMenu")->geometry();
+    Click("frmMenu.hlpContact");
+    EXPECT_EQ(WindowOf("frmMenu")->geometry(), out);
+    EXPECT_EQ(Shows("frmMenu.textHBHeading"), "Support / Contact");
+    auto *text = qobject_cast<QTextEdit *>(WidgetOf("frmMenu.textHBText"));
+    EXPECT_TRUE(WaitUntil([&] { return text->toPlainText().toStdString() == Shows("frmMenu.textHBText"); }));
+}
+
+TEST_F(Screens, LeftWithTheHelpBoxOut)
+{
+    StartProgram(frmSplash::Me);
+    GoTo(frmLoadCreate::Me);
+    Click("frmLoadCreate.hlpCreate");
+    Click("frmLoadCreate.lblCreate1");
+    AwaitScreen("frmCreate");
+    Window *window = WindowOf("frmCreate");
+    // It opens as wide as ever; its first topic then makes it narrower still, and the second wide again.
+    for (const int width : {600, 440, 600}) {
+        EXPECT_EQ(window->width(), width);
+        EXPECT_EQ(WidgetOf("frmCreate.btnNext")->isVisible(), width == 600);
+        EXPECT_FALSE(WidgetOf("frmCreate.textHBText")->isVisible());
+        const std::size_t count = Stops(frmCreate::Me, *window).size();
+        std::set<Text> reached;
+        for (std::size_t i = 0; i < 2 * count; ++i) {
+            Key(Qt::Key_Tab);
+            EXPECT_LT(QApplication::focusWidget()->x(), width) << Focused();
+            reached.insert(Focused());
+        }
+        EXPECT_EQ(reached.size(), count);
+        Click("frmCreate.hlpProjName");
+    }
+}
+
+TEST_F(Screens, DroppedFolder)
+{
+    StartProgram(frmSplash::Me);
+    MakeProject();
+    GoTo(frmDirectory::Me);
+    const auto drop = [this](const char *theForm, const std::filesystem::path &thePath, QPoint thePlace) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(thePath.string()))});
+        QWindow *window = WindowOf(theForm)->windowHandle();
+        QDragEnterEvent enter(thePlace, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &enter);
+        QDropEvent event(thePlace, Qt::CopyAction, &data, Qt::LeftButton, {});
+        if (enter.isAccepted())
+            QCoreApplication::sendEvent(window, &event);
+        return enter.isAccepted() && event.isAccepted();
+    };
+    const QPoint onList = WidgetOf("frmDirectory.Dir1")->geometry().center();
+    const Text ferns = HostFiles::ProgramDir() + "\\sample\\ferns";
+    EXPECT_TRUE(drop("frmDirectory", program / "sample" / "ferns", onList));
+    EXPECT_EQ(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath, ferns);
+    EXPECT_FALSE(drop("frmDirectory", program / "sample" / "index.html", onList));
+    EXPECT_FALSE(drop("frmDirectory", program / "no such folder", onList));
+    EXPECT_TRUE(drop("frmDirectory", program / "sample", QPoint(400, 150)));
+    EXPECT_EQ(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath, HostFiles::ProgramDir() + "\\sample");
+    GoTo(frmMenu::Me);
+    EXPECT_FALSE(drop("frmMenu", program / "sample", onList));
+}
