@@ -307,7 +307,7 @@ void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
     while (Boxes::WantsToWait(Foremost(), theWhere, theWhy)) {
         // The program stands still; its windows are painted, and take nothing.
         const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
-        for (const auto until = Clock::now() + askAgainAfter; Clock::now() < until;)
+        for (const auto until = Clock::now() + AskAgainAfter; Clock::now() < until;)
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
     }
 }

@@ -21,7 +21,7 @@ public:
     // Starts the program and serves the user until it has ended. Returns the exit code.
     int Run(Form &theFirstForm);
     // How long the user waits who wants to wait for a program that stands still.
-    std::chrono::milliseconds askAgainAfter{10000};
+    std::chrono::milliseconds AskAgainAfter{10000};
     // The window of a screen; null when it isn't showing.
     Window *WindowOf(const Form &theForm) const;
 

@@ -127,7 +127,7 @@ TEST_F(WindowTest, UntrappedFailure)
 TEST_F(WindowTest, Standstill)
 {
     int boxes = 0;
-    desktop->askAgainAfter = std::chrono::milliseconds(50);
+    desktop->AskAgainAfter = std::chrono::milliseconds(50);
     const std::function<void(QWidget &)> answer = [&](QWidget &theBox) {
         const Text informs = Informs(theBox);
         EXPECT_TRUE(informs.starts_with("There are too few keywords.\n\nMakeKeywordedFileName")) << informs;
