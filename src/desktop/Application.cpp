@@ -1,14 +1,15 @@
 #include "desktop/Application.h"
 #include "core/FileHandle.h"
+#include "desktop/Boxes.h"
 #include "desktop/FocusRing.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include "toolkit/HostFiles.h"
+#include "toolkit/Services.h"
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLoggingCategory>
-#include <QMessageBox>
 #include <QStyleFactory>
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -48,12 +49,12 @@ bool CanKeepProjects()
     const QString directory = Shown(HostFiles::ToHost(HostFiles::ProgramDir()));
     if (QFileInfo(directory).isWritable())
         return true;
-    QMessageBox::critical(nullptr, QStringLiteral("Ferncastle"),
-        QObject::tr(
-            "Ferncastle keeps its projects and the expanded sites in its own directory:\n\n%1\n\nThis directory "
-            "can't be written. Please copy it to a place of your own, such as your home directory, and start "
-            "Ferncastle from there.")
-            .arg(directory));
+    bool wantsNoMore = false;
+    Boxes::Ask(nullptr,
+        "Ferncastle keeps its projects and the expanded sites in its own directory:\n\n" + FromShown(directory) +
+            "\n\nThis directory can't be written. Please copy it to a place of your own, such as your home directory, "
+            "and start Ferncastle from there.",
+        msgStop, "Ferncastle", false, wantsNoMore);
     return false;
 }
 }  // namespace Application

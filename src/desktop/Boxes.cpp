@@ -19,6 +19,8 @@ static void Dress(QMessageBox &theBox)
     theBox.setTextFormat(Qt::PlainText);
     theBox.setTextInteractionFlags(Qt::TextSelectableByMouse);
     theBox.setStyleSheet(Theme::BoxStyle());
+    theBox.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint);
     for (QAbstractButton *button : theBox.buttons())
         button->setIcon(QIcon());
 }

@@ -216,15 +216,20 @@ void Desktop::DoEvents()
 void Desktop::WaitEvents()
 {
     Deeds::Yielded();
-    Serve(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    const bool hasMore = HostFiles::IsOutstanding();
+    Serve(hasMore ? QEventLoop::AllEvents : QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
 void Desktop::ShowNow()
 {
+    std::unordered_set<const Form *> stale;
+    for (const Element *element : changed)
+        stale.insert(&element->Owner);
     const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
     Serve(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
-    for (const Form *form : order)
-        if (Window *window = WindowOf(*form); window && window->isVisible())
+    // Serving alone leaves the painting for a little later.
+    for (const Form *form : stale)
+        if (Window *window = WindowOf(*form))
             window->repaint();
 }
 
@@ -235,8 +240,9 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
     if (run != DeedsDone())
         boxesShown.clear();
     run = DeedsDone();
-    // Boxes of one deed: a run over a large site may have the same thing to say a thousand times.
-    const Text box = theTitle + "\n" + thePrompt;
+    // Boxes of one deed: a run over a large site may have the same thing to say a thousand times, each time of another
+    // file; what a message is about stands in its first line.
+    const Text box = theTitle + "\n" + thePrompt.substr(0, thePrompt.find('\r'));
     const int times = boxesShown[box];
     if (times < 0)
         return answerOK;

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <map>
 
 static void Dress(QListView &theView)
@@ -61,8 +62,14 @@ void RowList::Update()
     if (revision != list.Revision()) {
         revision = list.Revision();
         const int top = verticalScrollBar()->value();
+        const int before = rowsShown;
         rows->Reread();
-        verticalScrollBar()->setValue(top);
+        rowsShown = rows->rowCount();
+        // A row that has been added is seen.
+        if (rowsShown == before + 1)
+            scrollToBottom();
+        else
+            verticalScrollBar()->setValue(top);
     }
     const QModelIndex row = list.NowIndex < 0 ? QModelIndex() : rows->index(list.NowIndex);
     if (row != currentIndex()) {
@@ -147,11 +154,23 @@ void DirRowsModel::Reread()
     endResetModel();
 }
 
+// A selected row's folder keeps its colours.
+class FolderDelegate : public QStyledItemDelegate
+{
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void initStyleOption(QStyleOptionViewItem *theOption, const QModelIndex &theIndex) const override
+    {
+        QStyledItemDelegate::initStyleOption(theOption, theIndex);
+        theOption->icon.addPixmap(theIndex.data(Qt::DecorationRole).value<QPixmap>(), QIcon::Selected);
+    }
+};
+
 DirRows::DirRows(DirList &theList, QWidget *theParent)
     : QListView(theParent), list(theList), rows(new DirRowsModel(theList, this))
 {
     Dress(*this);
     setModel(rows);
+    setItemDelegate(new FolderDelegate(this));
     connect(this, &QListView::doubleClicked, this, &DirRows::GoToRow);
 }
 

@@ -34,6 +34,7 @@ private:
     ListBox &list;
     RowsModel *rows;
     std::uint64_t revision = 0;
+    int rowsShown = 0;
     bool isUpdating = false;
 };
 

@@ -27,9 +27,9 @@ void PictureButton::paintEvent(QPaintEvent *)
     const QPainterPath shape = ShapeOf(picture, QRectF(rect()));
     painter.setRenderHint(QPainter::Antialiasing);
     if (isDown())
-        painter.fillPath(shape, QColor(0, 0, 0, 50));
+        painter.fillPath(shape, QColor(0, 0, 0, 56));
     else if (underMouse() && isEnabled())
-        painter.fillPath(shape, QColor(255, 255, 255, 50));
+        painter.fillPath(shape, QColor(0, 0, 0, 22));
     if (hasFocus() && FocusRing::IsShown())
         FocusRing::Paint(painter, shape);
 }

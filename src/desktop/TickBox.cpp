@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <cmath>
 
 TickBox::TickBox(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), box(theBox)
 {
@@ -34,17 +35,17 @@ void TickBox::keyPressEvent(QKeyEvent *theEvent)
 
 void TickBox::paintEvent(QPaintEvent *)
 {
-    constexpr double side = 18;
+    constexpr double side = 16;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF square(1.5, (height() - side) / 2 + 0.5, side, side);
+    const QRectF square(3.5, std::floor((height() - side) / 2) + 0.5, side - 1, side - 1);
     painter.setPen(QPen(underMouse() ? Theme::Fern : Theme::Border, 1));
     painter.setBrush(isChecked() ? Theme::Fern : isDown() ? Theme::MintHover : Theme::White);
     painter.drawRoundedRect(square, 4, 4);
     if (isChecked()) {
         painter.setPen(QPen(Theme::White, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         const QPointF at = square.topLeft();
-        painter.drawPolyline(QPolygonF{at + QPointF(4.5, 9.5), at + QPointF(7.7, 12.8), at + QPointF(13.8, 5.6)});
+        painter.drawPolyline(QPolygonF{at + QPointF(3.4, 7.9), at + QPointF(6.2, 10.8), at + QPointF(11.7, 4.5)});
     }
     if (hasFocus() && FocusRing::IsShown()) {
         QPainterPath around;

@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QToolButton>
+#include <QToolTip>
 #include <cmath>
 
 static int Whole(double thePixels)
@@ -364,12 +365,21 @@ void Window::paintEvent(QPaintEvent *)
         painter.drawPixmap(QPoint(0, bodyTop), picture);
 }
 
+// A run isn't ended by closing its window; who tries is shown what ends it.
+void Window::RefuseClosing()
+{
+    QApplication::beep();
+    for (const Control *control : controls)
+        if (const QWidget *widget = items.at(control).Widget; control->Now.Says == "Cancel" && widget->isVisible())
+            QToolTip::showText(widget->mapToGlobal(QPoint(0, 0)), tr("The run goes on. Cancel ends it."));
+}
+
 // The program decides; what it closes, it also hides.
 void Window::closeEvent(QCloseEvent *theEvent)
 {
     theEvent->ignore();
     if (!Deeds::Close(TheForm))
-        QApplication::beep();
+        RefuseClosing();
 }
 
 // Half pixels that the help box has left in the place stay, as long as it is the same place.

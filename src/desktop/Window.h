@@ -48,6 +48,7 @@ private:
     Item MakeToolBar(ToolBar &theBar);
     void UpdateItem(Control &theControl, const Item &theItem);
     void HandFocusOn(const Control &theFormer);
+    void RefuseClosing();
     void BindKeys();
     void SetTabOrder();
     bool IsWithin(const Control &theControl) const;

@@ -141,7 +141,11 @@ void DoEvents()
 
 void WaitEvents()
 {
-    HostFiles::Settle();
+    // Thousands of copies may be outstanding: what has changed is seen, and the user is heard, before the disk has them
+    // all.
+    if (HostFiles::IsOutstanding())
+        front->ShowNow();
+    HostFiles::Settle(10);
     front->WaitEvents();
     ThrowPending();
 }

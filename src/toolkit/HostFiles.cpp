@@ -3,6 +3,7 @@
 #include "toolkit/HostMemory.h"
 #include "toolkit/HostWriter.h"
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 using namespace HostMemory;
@@ -285,21 +286,34 @@ bool MakeDirectory(const Text &theDir)
     return true;
 }
 
-void Settle()
+void Settle(int theMilliseconds)
 {
+    using Clock = std::chrono::steady_clock;
+    const auto until = Clock::now() + std::chrono::milliseconds(theMilliseconds);
     FinishWriting();
     // Taken first: telling of a failure may come back here.
-    for (Entry *entry : std::exchange(outstanding, {}))
-        if (entry->CopyOf || entry->Unwritten) {
-            const Text source = entry->CopyOf ? FromHost(entry->CopyOf->HostPath()) : "";
-            try {
-                MakeOutstanding(*entry);
-            } catch (const RuntimeFailure &failure) {
-                failures.push_back("Unable to copy file:\r\n" + source + "\r\nto file:\r\n" +
-                                   FromHost(entry->HostPath()) + "\r\n\r\n" + failure.What);
-            }
+    auto entries = std::exchange(outstanding, {});
+    auto next = entries.begin();
+    while (next != entries.end() && Clock::now() < until) {
+        Entry *entry = *next++;
+        if (!entry->CopyOf && !entry->Unwritten)
+            continue;
+        const Text source = entry->CopyOf ? FromHost(entry->CopyOf->HostPath()) : "";
+        try {
+            MakeOutstanding(*entry);
+        } catch (const RuntimeFailure &failure) {
+            failures.push_back("Unable to copy file:\r\n" + source + "\r\nto file:\r\n" + FromHost(entry->HostPath()) +
+                               "\r\n\r\n" + failure.What);
         }
-    outstandingBytes = roomAtLastLook = 0;
+    }
+    outstanding.insert(outstanding.begin(), next, entries.end());
+    if (outstanding.empty())
+        outstandingBytes = roomAtLastLook = 0;
+}
+
+bool IsOutstanding()
+{
+    return isWriterBusy || !outstanding.empty();
 }
 
 std::vector<Text> TakeFailures()

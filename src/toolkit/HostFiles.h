@@ -11,6 +11,7 @@
 // above the drive's root, "/" parts elements as "\" does.
 #pragma once
 #include "toolkit/Text.h"
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -65,10 +66,12 @@ Text SourceOfCopy(const Text &theFile);
 // Makes one directory below an existing one; false when it is there already or cannot be made.
 bool MakeDirectory(const Text &theDir);
 
-// Writes all that is outstanding. Never fails: what could not be written is told by TakeFailures, a message each, which
-// forgets them.
-void Settle();
+// Writes all that is outstanding, or as much as it takes theMilliseconds to write. Never fails: what could not be
+// written is told by TakeFailures, a message each, which forgets them.
+void Settle(int theMilliseconds = std::numeric_limits<int>::max());
 std::vector<Text> TakeFailures();
+// Whether Settle has anything to write.
+bool IsOutstanding();
 
 // How long a directory is trusted before its time of change is looked at again, in milliseconds; 0 looks each time.
 void RecheckAfter(int theMilliseconds);

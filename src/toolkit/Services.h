@@ -24,7 +24,7 @@ void Beep();
 // Lets the screen's events be served: clicks, keys, timers. Costs next to nothing when nothing is due.
 void DoEvents();
 
-// The same for a loop that does nothing but wait: everything written so far is put on the disk first, and the
+// The same for a loop that does nothing but wait: what has been written so far is put on the disk meanwhile, and the
 // presentation may let time pass.
 void WaitEvents();
 
