@@ -3,7 +3,6 @@
 #include "toolkit/Failure.h"
 #include "toolkit/Text.h"
 #include <QWidget>
-#include <map>
 
 namespace Boxes
 {

@@ -5,6 +5,7 @@
 #include "toolkit/HostFiles.h"
 #include "toolkit/Services.h"
 #include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -59,6 +60,7 @@ void Desktop::Place(Window &theWindow)
     if (theWindow.TheForm.Design.Sizable) {
         // For the user who makes it smaller than the whole screen.
         theWindow.resize(screen.size() * 4 / 5);
+        theWindow.move(screen.center() - theWindow.rect().center());
         return;
     }
     if (!hasPlace || theWindow.windowFlags().testFlag(Qt::FramelessWindowHint)) {
@@ -83,7 +85,8 @@ void Desktop::Show(Form &theForm)
     const bool isElsewhere = !order.empty() && QGuiApplication::applicationState() != Qt::ApplicationActive;
     const bool isNew = !window;
     if (isNew) {
-        window = std::make_unique<Window>(theForm);
+        const QWidget *before = Foremost();
+        window = std::make_unique<Window>(theForm, before ? before->screen() : nullptr);
         connect(window.get(), &Window::HandlerRan, this, &Desktop::ShowChanges);
         Place(*window);
         // A page view made later would make the window anew, which then has lost the focus.
@@ -96,15 +99,15 @@ void Desktop::Show(Form &theForm)
     order.push_back(&theForm);
     if (isNew && theForm.Design.Sizable)
         window->showMaximized();
-    else if (window->isMinimized())
-        window->showNormal();
     else
         window->show();
-    window->raise();
-    if (isElsewhere)
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    if (isElsewhere) {
         QApplication::alert(window.get());
-    else
+    } else {
+        window->raise();
         window->activateWindow();
+    }
     if (isNew) {
         window->GiveFocus(std::exchange(focusWanted[&theForm], nullptr));
         for (Element *element : theForm.Elements()) {
@@ -137,6 +140,9 @@ void Desktop::Unload(Form &theForm)
     if (const auto found = windows.find(&theForm); found != windows.end()) {
         if (!theForm.Design.Sizable && hasPlace)
             lastPlace = found->second->pos();
+        // A box of an outer loop must not go with the window that it stands before.
+        for (auto *box : found->second->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
+            box->setParent(nullptr, box->windowFlags());
         found->second->hide();
         // The click that closes it may have come from one of its own widgets.
         found->second.release()->deleteLater();
@@ -244,8 +250,11 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
     // file; what a message is about stands in its first line.
     const Text box = theTitle + "\n" + thePrompt.substr(0, thePrompt.find('\r'));
     const int times = boxesShown[box];
-    if (times < 0)
+    if (times < 0 && !(theFlags & msgYesNo))
         return answerOK;
+    // A run that waits for an answer behind other windows would wait for ever.
+    if (QWidget *window = Foremost(); window && QGuiApplication::applicationState() != Qt::ApplicationActive)
+        QApplication::alert(window);
     bool wantsNoMore = false;
     const int Result = Boxes::Ask(Foremost(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore);
     if (theFlags & msgYesNo)

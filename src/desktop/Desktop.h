@@ -4,7 +4,6 @@
 #include "toolkit/Presentation.h"
 #include <QEventLoop>
 #include <QObject>
-#include <QPointer>
 #include <QTimer>
 #include <chrono>
 #include <map>

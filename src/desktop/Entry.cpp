@@ -46,8 +46,9 @@ void Entry::keyPressEvent(QKeyEvent *theEvent)
         return;
     }
     const QString words = theEvent->text();
+    // As the box itself sees it: what Alt and AltGr make of a key is typed too, a key with Control alone is a command.
     const bool isTyping = !words.isEmpty() && words.at(0).isPrint() &&
-                          !(theEvent->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+                          (theEvent->modifiers() & ~Qt::ShiftModifier) != Qt::ControlModifier;
     if (isTyping && box.Design.KeyPress) {
         const QPointer<Entry> me(this);
         for (const char key : FromShown(words))

@@ -80,7 +80,6 @@ HelpReading::HelpReading(Label &theLabel, QWidget *theParent) : QTextEdit(thePar
     document()->setDocumentMargin(0);
     setViewportMargins(0, 0, 4, 0);
     setStyleSheet(Theme::ReadingStyle());
-    setTextColor(Theme::InkOf(label.Design.Style));
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 

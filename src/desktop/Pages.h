@@ -14,8 +14,6 @@ public:
     // Makes the view as a child of theParent; the widget is View(), and it goes with theParent. To be called before
     // the window shows: a window that shows already may be made anew for a browser, which flickers and loses the focus.
     static Pages *Make(Browser &theBrowser, QWidget *theParent);
-    // Words for the name of what is built in: "QtWebEngine", "QTextBrowser".
-    static const char *Kind();
     virtual QWidget *View() = 0;
     // Loads from the event loop, and of several at once only the last. Takes drive links too. The first page that is
     // opened takes the keyboard's focus.

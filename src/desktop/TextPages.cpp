@@ -189,8 +189,3 @@ Pages *Pages::Make(Browser &theBrowser, QWidget *theParent)
 {
     return new TextPages(theBrowser, theParent);
 }
-
-const char *Pages::Kind()
-{
-    return "QTextBrowser";
-}

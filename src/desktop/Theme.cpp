@@ -141,7 +141,9 @@ QString PickerStyle()
 
 QString ReadingStyle()
 {
-    return QString::fromLatin1(slimScrollBar) + QStringLiteral("QTextEdit { background: transparent; border: 0; }");
+    return QString::fromLatin1(slimScrollBar) +
+           QStringLiteral("QTextEdit { background: transparent; border: 1px solid transparent; border-radius: 4px; }"
+                          "QTextEdit:focus { border-color: #1B2F5B; }");
 }
 
 QString ToolStyle()

@@ -190,8 +190,3 @@ Pages *Pages::Make(Browser &theBrowser, QWidget *theParent)
 {
     return new WebPages(theBrowser, theParent);
 }
-
-const char *Pages::Kind()
-{
-    return "QtWebEngine";
-}

@@ -20,7 +20,9 @@
 #include <QShortcut>
 #include <QToolButton>
 #include <QToolTip>
+#include <chrono>
 #include <cmath>
+#include <thread>
 
 static int Whole(double thePixels)
 {
@@ -32,8 +34,11 @@ static bool IsHelpSpot(const Control &theControl)
     return theControl.Now.Says.starts_with("Help: ");
 }
 
-Window::Window(Form &theForm) : TheForm(theForm)
+Window::Window(Form &theForm, QScreen *theScreen) : TheForm(theForm)
 {
+    // Before anything is built: how fine the pictures are to be goes by it.
+    if (theScreen)
+        setScreen(theScreen);
     setObjectName(QString::fromLatin1(theForm.Name));
     if (MenuRow::IsWanted(theForm)) {
         menuRow = new MenuRow(theForm, this);
@@ -67,6 +72,9 @@ void Window::Add(Control &theControl)
     item.Widget->setObjectName(QString::fromLatin1(theControl.Name));
     if (!theControl.Design.Says.empty())
         item.Widget->setAccessibleName(Shown(theControl.Design.Says));
+    // All screens bear the program's name; what tells them apart is their title.
+    if (theControl.Design.Style == Look::Title)
+        setAccessibleDescription(Shown(theControl.Design.Caption));
     if (IsMouseOnly(theControl))
         item.Widget->setFocusPolicy(Qt::NoFocus);
     controls.push_back(&theControl);
@@ -244,6 +252,7 @@ void Window::FollowSize()
     const int left = static_cast<int>(std::floor(TheForm.Now.Left));
     if (size == this->size() && left == x())
         return;
+    const auto start = std::chrono::steady_clock::now();
     setFixedSize(size);
     if (menuRow)
         menuRow->setFixedWidth(size.width());
@@ -251,8 +260,11 @@ void Window::FollowSize()
         move(left, y());
     for (Control *control : controls)
         UpdateItem(*control, items.at(control));
-    if (isVisible())
+    if (isVisible()) {
         repaint();
+        // A step of the slide; faster, nobody would see it.
+        std::this_thread::sleep_until(start + std::chrono::milliseconds(8));
+    }
 }
 
 void Window::GiveFocus(Control *theControl)
@@ -280,12 +292,12 @@ void Window::GiveFocus(Control *theControl)
     };
     if (theControl && focus([&](const Element *element) { return element == theControl; }))
         return;
-    // A screen that asks for nothing begins with what leads on.
-    for (const char *name : {"btnExpand", "btnDoItAlready", "btnDone", "btnPause"})
-        if (!theControl && focus([&](const Element *element) { return Text(element->Name) == name; }))
-            return;
-    if (focus(isFilledIn) || focus([](const Element *element) { return Text(element->Name) == "btnNext"; }))
+    if (focus(isFilledIn))
         return;
+    // A screen that asks for nothing begins with what leads on.
+    for (const char *name : {"btnExpand", "btnDoItAlready", "btnDone", "btnPause", "btnNext"})
+        if (focus([&](const Element *element) { return Text(element->Name) == name; }))
+            return;
     focus(isPicture);
 }
 
@@ -360,6 +372,7 @@ void Window::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Theme::Paper);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const QPixmap &picture = PictureAt(TheForm.Now.Picture, devicePixelRatioF());
     if (!picture.isNull())
         painter.drawPixmap(QPoint(0, bodyTop), picture);

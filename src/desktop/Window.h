@@ -12,7 +12,8 @@ class Window : public QWidget
 {
     Q_OBJECT
 public:
-    explicit Window(Form &theForm);
+    // Opens on theScreen; null leaves that to the host.
+    Window(Form &theForm, QScreen *theScreen);
 
     Form &TheForm;
     // Shows what an element, the screen itself too, holds now.

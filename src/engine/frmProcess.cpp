@@ -307,6 +307,12 @@ void btnReport_Click()
         frmGeneratingReport::Me.Unload();
         Me.Unload();
     });
+    // Where no report could be made both screens stay. Their frames can be closed then, and no tick here brings the
+    // other one back.
+    if (Me.Visible && !ReportFinished) {
+        Timer2.Enabled = false;
+        Me.CloseRefused = frmGeneratingReport::Me.CloseRefused = false;
+    }
 }
 
 void btnCloseHelp_Click()

@@ -1,6 +1,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/HostFiles.h"
 #include "toolkit/Presentation.h"
+#include "toolkit/Services.h"
 #include <algorithm>
 
 static const Text noText;
@@ -356,7 +357,7 @@ FileDialog::FileDialog(Form &theOwner, const char *theName) : Element(theOwner, 
 void FileDialog::ShowOpen()
 {
     Touch();
-    FileName = ThePresentation().OpenFile(Filter);
+    FileName = OpenFile(Filter);
 }
 
 void FileDialog::Reset()

@@ -51,7 +51,8 @@ void Resolve()
         SettleAll();
         // Nothing runs any more: with the last screen gone, so is the program.
         const auto forms = Form::All();
-        if (hasStarted && std::none_of(forms.begin(), forms.end(), [](Form *form) { return form->Visible; }))
+        if (!hasEnded && hasStarted &&
+            std::none_of(forms.begin(), forms.end(), [](Form *form) { return form->Visible; }))
             EndThe(0);
     } catch (const ProgramEnd &end) {
         EndThe(end.Code);
@@ -124,6 +125,13 @@ unsigned long DeedsDone()
 int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
     const int Result = front->MsgBox(thePrompt, theFlags, theTitle.empty() ? DefaultBoxTitle : theTitle);
+    ThrowPending();
+    return Result;
+}
+
+Text OpenFile(const Text &theFilter)
+{
+    Text Result = front->OpenFile(theFilter);
     ThrowPending();
     return Result;
 }

@@ -19,6 +19,9 @@ extern Text DefaultBoxTitle;
 // Shows a modal message box and waits for the answer; an empty title stands for DefaultBoxTitle.
 int MsgBox(const Text &thePrompt, int theFlags = msgOK, const Text &theTitle = "");
 
+// Asks for an existing file, see FileDialog; empty when the user cancelled.
+Text OpenFile(const Text &theFilter);
+
 void Beep();
 
 // Lets the screen's events be served: clicks, keys, timers. Costs next to nothing when nothing is due.
