@@ -6,6 +6,7 @@
 #include "desktop/Theme.h"
 #include "toolkit/HostFiles.h"
 #include "toolkit/Services.h"
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
@@ -24,6 +25,8 @@ void PrepareProcess()
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
 #endif
+    // Else the pages of the browser say nothing to screen readers here.
+    qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
     QGuiApplication::setDesktopFileName(QStringLiteral("ferncastle"));
     QCoreApplication::setApplicationName(QStringLiteral("ferncastle"));
     // What the scripts of a user's pages say is no business of ours.
@@ -31,8 +34,17 @@ void PrepareProcess()
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 }
 
+// A plain widget would be a part of something; screen readers look for windows.
+static QAccessibleInterface *DescribeWindow(const QString &theClass, QObject *theObject)
+{
+    return theClass == QLatin1String("Window")
+               ? new QAccessibleWidget(static_cast<QWidget *>(theObject), QAccessible::Window)
+               : nullptr;
+}
+
 void Dress()
 {
+    QAccessible::installFactory(DescribeWindow);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setPalette(Theme::WholePalette());
     Theme::LoadFonts();

@@ -4,6 +4,7 @@
 #include "desktop/QtText.h"
 #include "toolkit/HostFiles.h"
 #include "toolkit/Services.h"
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QFileInfo>
@@ -16,6 +17,8 @@ using namespace std::chrono_literals;
 // Between two looks at what the user did, counted from the end of the last one: short enough for a click to be answered
 // at once, long enough for a run to be hardly slowed by its counts being painted.
 static constexpr auto yieldEvery = 16ms;
+// A screen reader asks a hundred things about a screen, one after the other, and gets one answer a look.
+static constexpr auto yieldEveryForReaders = 2ms;
 static constexpr int boxesBeforeOptOut = 2;
 
 Desktop::Desktop()
@@ -209,7 +212,7 @@ void Desktop::Serve(QEventLoop::ProcessEventsFlags theFlags)
     Deeds::Serving(true);
     QCoreApplication::processEvents(theFlags);
     Deeds::Serving(false);
-    nextYield = Clock::now() + yieldEvery;
+    nextYield = Clock::now() + (QAccessible::isActive() ? yieldEveryForReaders : yieldEvery);
 }
 
 void Desktop::DoEvents()

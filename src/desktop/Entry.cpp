@@ -9,8 +9,9 @@ Entry::Entry(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), box(th
 {
     setFont(Theme::FontOf(Look::Body));
     setStyleSheet(Theme::EntryStyle());
-    connect(this, &QLineEdit::textEdited, this, [this](const QString &theText) {
-        if (!Deeds::Edit(box, FromShown(theText)))
+    // Not textEdited: dictation and screen readers put a whole text in, which isn't told by that.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString &theText) {
+        if (theText != Shown(box.Now.Caption) && !Deeds::Edit(box, FromShown(theText)))
             Update();
     });
 }

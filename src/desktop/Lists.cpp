@@ -22,6 +22,21 @@ static void Dress(QListView &theView)
     theView.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
 }
 
+// Screen readers select a row without going there, or take the selection away: the current row, which is what the
+// program knows of, comes along, and stays selected.
+static void FollowSelection(QListView &theView)
+{
+    QObject::connect(
+        theView.selectionModel(), &QItemSelectionModel::selectionChanged, &theView,
+        [&theView] {
+            const QModelIndexList selected = theView.selectionModel()->selectedIndexes();
+            const QModelIndex row = selected.isEmpty() ? theView.currentIndex() : selected.first();
+            if (row.isValid() && (selected.isEmpty() || row != theView.currentIndex()))
+                theView.selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect);
+        },
+        Qt::QueuedConnection);
+}
+
 // Not the view's own signal of a row that is activated: some desktops give it for a single click.
 static bool IsEnter(const QKeyEvent &theEvent)
 {
@@ -53,11 +68,14 @@ RowList::RowList(ListBox &theList, QWidget *theParent)
 {
     Dress(*this);
     setModel(rows);
+    FollowSelection(*this);
     connect(this, &QListView::doubleClicked, this, [this] { Deeds::DoubleClick(list); });
 }
 
 void RowList::Update()
 {
+    if (isHidden())
+        return;
     const QScopedValueRollback<bool> updating(isUpdating, true);
     if (revision != list.Revision()) {
         revision = list.Revision();
@@ -140,6 +158,9 @@ QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
     const Text path = list.List(row);
     if (theRole == Qt::ToolTipRole)
         return TipOf(Shown(path));
+    // What the picture shows, for those who can't see it.
+    if (theRole == Qt::AccessibleDescriptionRole)
+        return row < 0 ? QStringLiteral("open") : QString();
     if (theRole == Qt::DecorationRole)
         return FolderPicture(std::min(row < 0 ? theIndex.row() : depth, 10), row < 0);
     if (theRole != Qt::DisplayRole)
@@ -171,11 +192,15 @@ DirRows::DirRows(DirList &theList, QWidget *theParent)
     Dress(*this);
     setModel(rows);
     setItemDelegate(new FolderDelegate(this));
+    FollowSelection(*this);
     connect(this, &QListView::doubleClicked, this, &DirRows::GoToRow);
 }
 
 void DirRows::Update()
 {
+    // The run walks with a list that nobody sees: else it would tell screen readers of each directory as of the focus.
+    if (isHidden())
+        return;
     const QScopedValueRollback<bool> updating(isUpdating, true);
     if (path != list.NowPath || names != list.NowNames) {
         path = list.NowPath;
@@ -216,6 +241,8 @@ DriveBox::DriveBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent
 {
     setFont(Theme::FontOf(Look::Body));
     setStyleSheet(Theme::PickerStyle());
+    // The host makes what a box of this kind holds its name; what it is for is told by the description.
+    setAccessibleDescription(Shown(list.Design.Says));
     ReadDrives();
     connect(this, &QComboBox::activated, this, [this](int theRow) {
         Deeds::Pick(list, FromShown(itemData(theRow).toString()));

@@ -2,7 +2,9 @@
 #include "desktop/Deeds.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
+#include <QAccessible>
 #include <QMenu>
+#include <QTimer>
 #include <algorithm>
 
 bool MenuRow::IsWanted(const Form &theForm)
@@ -46,9 +48,16 @@ void MenuRow::Add(MenuItem &theItem)
     actions[&theItem] = action;
     if (!isMenu)
         connect(action, &QAction::triggered, this, [this, &theItem] {
-            Deeds::Click(theItem);
-            // Qt has turned the tick over by itself; what holds is what the program made of it.
-            Update(theItem);
+            const auto choose = [this, &theItem] {
+                Deeds::Click(theItem);
+                // Qt has turned the tick over by itself; what holds is what the program made of it.
+                Update(theItem);
+            };
+            // A screen reader that chooses an item waits for the choosing to end, and a box may open.
+            if (QAccessible::isActive())
+                QTimer::singleShot(0, this, choose);
+            else
+                choose();
         });
 }
 

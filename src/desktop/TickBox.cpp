@@ -9,7 +9,10 @@
 
 TickBox::TickBox(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), box(theBox)
 {
-    connect(this, &QCheckBox::clicked, this, [this] {
+    // Not clicked: screen readers turn the tick over without a click.
+    connect(this, &QCheckBox::toggled, this, [this](bool isTicked) {
+        if (isTicked == box.Now.Ticked)
+            return;
         Deeds::Click(box);
         Update();
     });

@@ -11,6 +11,7 @@
 #include "desktop/Theme.h"
 #include "desktop/TickBox.h"
 #include "toolkit/HostFiles.h"
+#include <QAccessible>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -18,6 +19,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
 #include <chrono>
@@ -148,7 +150,7 @@ Window::Item Window::MakePicture(Image &theImage)
             [this, picture, &theImage] { picture->setPixmap(PictureAt(theImage.Now.Picture, devicePixelRatioF())); }};
     }
     auto *button = new PictureButton(this);
-    connect(button, &PictureButton::clicked, this, [&theImage] { Deeds::Click(theImage); });
+    connect(button, &PictureButton::clicked, this, [this, &theImage] { Press(theImage); });
     QString tip = Shown(theImage.Design.Says);
     if (tip == QStringLiteral("Next") || tip == QStringLiteral("Back"))
         tip += QStringLiteral(" (Alt+%1)").arg(tip.at(0));
@@ -258,8 +260,11 @@ void Window::FollowSize()
         menuRow->setFixedWidth(size.width());
     if (isVisible() && left != x())
         move(left, y());
+    const QPointer<QWidget> focus = focusWidget();
     for (Control *control : controls)
         UpdateItem(*control, items.at(control));
+    if (focus && focus->isHidden() && helpFrom)
+        helpFrom->setFocus();
     if (isVisible()) {
         repaint();
         // A step of the slide; faster, nobody would see it.
@@ -325,10 +330,30 @@ void Window::PressFirst(const std::function<bool(const Control &)> &isIt)
         auto *control = dynamic_cast<Control *>(element);
         const QWidget *widget = control ? WidgetOf(*control) : nullptr;
         if (widget && isIt(*control) && control->Design.Click && widget->isVisible() && CanReach(*control)) {
-            Deeds::Click(*control);
+            Press(*control);
             return;
         }
     }
+}
+
+Text Window::HelpShown() const
+{
+    const auto *reading = TheForm.Find<Label>("textHBText");
+    return reading && IsWithin(*reading) ? reading->Now.Caption : "";
+}
+
+// A help text that has come out beside the screen, as an answer to a press too, would be nothing to who can't see it:
+// for screen readers the focus goes there, and back when the box is shut.
+void Window::Press(Control &theControl)
+{
+    const QPointer<Window> me(this);
+    const Text before = HelpShown();
+    Deeds::Click(theControl);
+    if (!me || !QAccessible::isActive() || HelpShown().empty() || HelpShown() == before)
+        return;
+    helpFrom = WidgetOf(theControl);
+    // By then it shows its words.
+    QTimer::singleShot(0, WidgetOf(*TheForm.Find<Label>("textHBText")), qOverload<>(&QWidget::setFocus));
 }
 
 void Window::BindKeys()

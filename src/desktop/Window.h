@@ -2,6 +2,7 @@
 #pragma once
 #include "desktop/Pages.h"
 #include "toolkit/Controls.h"
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <unordered_map>
@@ -54,6 +55,8 @@ private:
     void SetTabOrder();
     bool IsWithin(const Control &theControl) const;
     bool IsMouseOnly(const Control &theControl) const;
+    Text HelpShown() const;
+    void Press(Control &theControl);
     void PressFirst(const std::function<bool(const Control &)> &isIt);
     DirList *DropTarget() const;
 
@@ -62,4 +65,5 @@ private:
     std::unordered_map<const Element *, Item> items;
     std::vector<Control *> controls;  // those with an item
     std::unordered_map<const Browser *, Pages *> pages;
+    QPointer<QWidget> helpFrom;  // what a help text came from
 };
