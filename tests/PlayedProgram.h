@@ -1,0 +1,60 @@
+// A program directory of its own in which a script is played by the real program. The head of a script may hold, for
+// the tests alone:
+//   #with PATH [TEXT]   makes a file of the program directory, or a directory where PATH ends in "/"; \r\n in TEXT is
+//   one #link PATH TO       makes a symbolic link
+//   #without PATH       removes a file or a directory
+//   #exit N             the exit status that is expected instead of 0
+#pragma once
+#include "TestSite.h"
+#include "core/TextOps.h"
+#include "core/Utils.h"
+#include <cstdlib>
+
+struct PlayedProgram {
+    const std::filesystem::path directory = std::filesystem::absolute(
+        std::filesystem::temp_directory_path() / ("played-" + std::to_string(std::random_device{}())))
+                                                .lexically_normal();
+    int expected = 0;
+    Text said;  // all that the player wrote
+
+    PlayedProgram() { std::filesystem::copy(FERNCASTLE_DATA_DIR, directory, std::filesystem::copy_options::recursive); }
+    ~PlayedProgram() { std::filesystem::remove_all(directory); }
+    PlayedProgram(const PlayedProgram &) = delete;
+    PlayedProgram &operator=(const PlayedProgram &) = delete;
+
+    void SetUp(const std::filesystem::path &theScript)
+    {
+        std::ifstream lines(theScript);
+        for (Text line; std::getline(lines, line);) {
+            std::istringstream words(line);
+            Text verb, path, text;
+            words >> verb >> path >> std::ws;
+            std::getline(words, text);
+            if (verb == "#exit")
+                expected = static_cast<int>(NumberAtStart(path));
+            else if (verb == "#with" && path.ends_with("/"))
+                std::filesystem::create_directories(directory / path);
+            else if (verb == "#with")
+                TestSite::PutAt(directory / path, ReplaceText(text, "\\r\\n", CRLF));
+            else if (verb == "#link")
+                std::filesystem::create_symlink(text, directory / path);
+            else if (verb == "#without")
+                std::filesystem::remove_all(directory / path);
+        }
+    }
+
+    // Plays the script and returns the exit status.
+    int Play(const std::filesystem::path &theScript)
+    {
+        const std::filesystem::path log = directory / "play.log";
+        std::ostringstream command;  // which quotes paths
+        command << std::filesystem::path(FERNCASTLE_PLAYER) << " --seed 7 --program-dir " << directory
+                << " --drive s=" << directory << ' ' << theScript << " >" << log << " 2>&1";
+        const int status = std::system(command.str().c_str());
+        std::ostringstream content;
+        content << std::ifstream(log, std::ios::binary).rdbuf();
+        said = content.str();
+        std::filesystem::remove(log);
+        return status / 256;
+    }
+};
