@@ -6,7 +6,7 @@
 //
 // FERNCASTLE_UPDATE_GOLDEN=1 rewrites the manifests, and the tests fail to say so. That is right only after a change
 // that is meant to change results or what the player says, and every changed line of a manifest should be explained by
-// it. FERNCASTLE_KEEP_GOLDEN=DIR copies what a failed test played to DIR, to be looked at.
+// it. FERNCASTLE_KEEP_GOLDEN=DIR copies what was played to the directory DIR, to be looked at.
 #include "PlayedProgram.h"
 #include <iomanip>
 #include <map>
@@ -114,6 +114,11 @@ TEST_P(Golden, LeavesTheSameBytes)
         if (!after.contains(path))
             now[path] = "gone";
 
+    if (const char *keep = std::getenv("FERNCASTLE_KEEP_GOLDEN")) {
+        fs::copy(program.directory, fs::path(keep) / GetParam(),
+            fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+        std::ofstream(fs::path(keep) / GetParam() / "output", std::ios::binary) << program.said;
+    }
     const fs::path manifest = golden / (GetParam() + ".manifest");
     if (std::getenv("FERNCASTLE_UPDATE_GOLDEN")) {
         std::ofstream file(manifest, std::ios::binary);
@@ -123,8 +128,6 @@ TEST_P(Golden, LeavesTheSameBytes)
     }
     const Text differences = Differences(ReadManifest(manifest), now);
     EXPECT_EQ(differences, "") << differences << "The player said:\n" << program.said;
-    if (const char *keep = std::getenv("FERNCASTLE_KEEP_GOLDEN"); keep && HasFailure())
-        fs::copy(program.directory, fs::path(keep) / GetParam(), fs::copy_options::recursive);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Golden, testing::ValuesIn(AllCases()), [](const auto &play) { return play.param; });

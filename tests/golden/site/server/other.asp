@@ -1,0 +1,1 @@
+<A HREF="page.php?id=1">Php</A> <A HREF="view.shtml">Shtml</A>

@@ -1,0 +1,1 @@
+<?php echo "<A HREF=\"other.asp\">"; ?><A HREF="other.asp">Asp</A>
