@@ -2,9 +2,11 @@
 #include "core/AppVars.h"
 #include "core/TextOps.h"
 #include "core/frmLists.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "disk/PendingWrites.h"
 #include "engine/do_the_file.h"
 #include "engine/frmProcess.h"
-#include "toolkit/HostFiles.h"
 #include <benchmark/benchmark.h>
 #include <filesystem>
 #include <fstream>
@@ -20,8 +22,8 @@ void ExpandPage(benchmark::State &theState)
     fs::remove_all(program);
     fs::create_directories(program / "site");
     fs::copy(FERNCASTLE_DATA_DIR "/imgs", program / "imgs");
-    HostFiles::SetProgramDir(program.string());
-    HostFiles::MapDrive('x', (program / "site").string());
+    Paths::SetProgramDir(program.string());
+    Paths::MapDrive('x', (program / "site").string());
     Text page = "<html><body>";
     for (std::int64_t i = 0; i < theState.range(0); ++i)
         page += "<p>Some words.</p> <a href=\"page" + std::to_string(i % 20) + ".htm\">there</a>\n";
@@ -38,7 +40,7 @@ void ExpandPage(benchmark::State &theState)
     frmProcess::Dir1.Path = LocalSiteDir;
     for (auto _ : theState)
         do_the_file("index.htm");
-    HostFiles::Settle();
+    PendingWrites::Flush();
     theState.SetItemsProcessed(theState.iterations() * theState.range(0));
     fs::remove_all(program);
 }

@@ -2,7 +2,11 @@
 // the program says.
 #pragma once
 #include "core/AppVars.h"
-#include "toolkit/HostFiles.h"
+#include "disk/DirectoryCache.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "disk/PendingWrites.h"
+#include "toolkit/Gates.h"
 #include "toolkit/QuietPresentation.h"
 #include <filesystem>
 #include <fstream>
@@ -51,10 +55,10 @@ public:
         std::filesystem::create_directories(site);
         std::filesystem::copy(FERNCASTLE_DATA_DIR "/imgs", program / "imgs");
         // What a test writes beside the program is seen at once.
-        HostFiles::RecheckAfter(0);
-        HostFiles::SetProgramDir(program.string());
-        HostFiles::MapDrive('x', site.string());
-        Present(&front);
+        DirectoryCache::SetRecheckInterval(0);
+        Paths::SetProgramDir(program.string());
+        Paths::MapDrive('x', site.string());
+        SetPresentation(&front);
         HelpBoxOpen = ReportFinished = false;
         FormWidth = 600;
         FormHeight = 435;
@@ -63,8 +67,8 @@ public:
     {
         for (Form *form : Form::All())
             form->Unload();
-        HostFiles::Settle();
-        Present(nullptr);
+        PendingWrites::Flush();
+        SetPresentation(nullptr);
         std::filesystem::remove_all(program);
     }
 

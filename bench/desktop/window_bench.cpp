@@ -14,10 +14,12 @@
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 #include "engine/frmProcess.h"
 #include "player/Player.h"
 #include "report/frmReport.h"
-#include "toolkit/HostFiles.h"
+#include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -113,10 +115,10 @@ public:
     void Unload(Form &theForm) override { front.Unload(theForm); }
     void Focus(Control &theControl) override { front.Focus(theControl); }
     void WaitEvents() override { front.WaitEvents(); }
-    void ShowNow() override
+    void PaintNow() override
     {
         const auto began = Clock::now();
-        front.ShowNow();
+        front.PaintNow();
         frontTime += MillisecondsSince(began);
     }
     Text OpenFile(const Text &theFilter) override { return front.OpenFile(theFilter); }
@@ -194,7 +196,7 @@ void WatchedTick()
     if (whenRunBegins)
         whenRunBegins();
     auto *watch = new Watch(ThePresentation(), desktop, span);
-    Present(watch);
+    SetPresentation(watch);
     runTick();
 }
 
@@ -202,7 +204,7 @@ void WatchedTick()
 class User : public QTimer
 {
 public:
-    explicit User(std::vector<Deed> theScript) : script(std::move(theScript))
+    explicit User(std::vector<Action> theScript) : script(std::move(theScript))
     {
         callOnTimeout([this] {
             if (next < script.size() && Do(script[next]))
@@ -212,31 +214,31 @@ public:
     }
 
 private:
-    static bool Do(const Deed &theDeed)
+    static bool Do(const Action &theAction)
     {
-        const Form *form = FindForm(theDeed.Target);
-        if (theDeed.Verb == "wait")
+        const Form *form = FindForm(theAction.Target);
+        if (theAction.Verb == "wait")
             return form && form->Visible;
-        Element *element = FindElement(theDeed.Target);
+        Element *element = FindElement(theAction.Target);
         auto *control = dynamic_cast<Control *>(element);
         auto *box = dynamic_cast<TextBox *>(element);
         auto *dirs = dynamic_cast<DirList *>(element);
-        if (theDeed.Verb == "click" && control)
+        if (theAction.Verb == "click" && control)
             return UserClick(*control);
-        if (theDeed.Verb == "type" && box)
-            return UserEdit(*box, theDeed.Rest);
-        if (theDeed.Verb == "key" && box)
+        if (theAction.Verb == "type" && box)
+            return UserEdit(*box, theAction.Rest);
+        if (theAction.Verb == "key" && box)
             return UserKey(*box, '\r');
-        if (theDeed.Verb == "go" && dirs)
-            return UserGo(*dirs, theDeed.Rest);
+        if (theAction.Verb == "go" && dirs)
+            return UserGo(*dirs, theAction.Rest);
         return false;
     }
-    const std::vector<Deed> script;
+    const std::vector<Action> script;
     std::size_t next = 0;
 };
 User *user = nullptr;
 
-int RunInWindows(int &theCount, char **theWords, std::vector<Deed> theScript)
+int RunInWindows(int &theCount, char **theWords, std::vector<Action> theScript)
 {
     Application::PrepareProcess();
     QApplication application(theCount, theWords);
@@ -258,8 +260,8 @@ int main(int argc, char **argv)
         std::fputs("usage: ferncastle-bench-window player|window PROGRAM-DIR SITE-DIR SCRIPT [SPAN]\n", stderr);
         return 2;
     }
-    HostFiles::SetProgramDir(argv[2]);
-    HostFiles::MapDrive('s', argv[3]);
+    Paths::SetProgramDir(argv[2]);
+    Paths::MapDrive('s', argv[3]);
     std::ifstream file(argv[4]);
     if (argc > 5)
         span = std::strtod(argv[5], nullptr);
@@ -268,7 +270,7 @@ int main(int argc, char **argv)
     auto *timer = frmProcess::Me.Find<Timer>("Timer1");
     runTick = timer->Design.Tick;
     timer->Design.Tick = timer->Now.Tick = WatchedTick;
-    std::vector<Deed> script = ReadScript(file);
+    std::vector<Action> script = ReadScript(file);
     const int code = front == "player" ? Player(script).Play(frmSplash::Me) : RunInWindows(argc, argv, script);
     // A run ends the process where it shows its report.
     std::cerr << "the script has not come to its report\n";

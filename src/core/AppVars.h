@@ -1,6 +1,6 @@
 // The program's global state. It lives for the whole process, belongs to nobody and is read and written by name.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 extern Text ShowWelcome;  // text of a flag: show frmWelcome at the start
 extern Text DebugWhere;   // breadcrumb; only ifDirExists shows it

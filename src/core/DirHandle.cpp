@@ -2,8 +2,8 @@
 #include "core/FileHandle.h"
 #include "core/TextOps.h"
 #include "core/Trap.h"
+#include "disk/Files.h"
 #include "engine/temp.h"
-#include "toolkit/HostFiles.h"
 
 // Nothing sets it, so MakeOneDir stays silent.
 static bool showsDirErrors = false;
@@ -19,7 +19,7 @@ bool ifDirExists(const Text &thePath)
             return;
         }
         if (ifDriveExists(thePath))
-            Result = HostFiles::IsDirectory(thePath);
+            Result = Files::IsDirectory(thePath);
     });
     return Result;
 }
@@ -31,9 +31,9 @@ bool ifDriveExists(const Text &thePath)
         Text drive = LeftPart(thePath, 3);
         if (Len(drive) == 1)
             drive += ":\\";
-        // "x:" alone gets no further than this: its characters 2 and 3 are not ":\". Wanted.
+        // Deliberate: "x:" alone gets no further than this: its characters 2 and 3 are not ":\".
         if (MidPart(drive, 2, 2) == ":\\")
-            Result = HostFiles::IsDirectory(drive);
+            Result = Files::IsDirectory(drive);
     });
     return Result;
 }
@@ -50,10 +50,10 @@ bool CreateDirectories(const Text &thePath)
         const Text drive = LeftPart(thePath, 2);
         if (!ifDriveExists(thePath))
             Fail("drive not found", thePath);
-        // A "#" or "?" in a directory's name cuts the path there: what lies below is not made. Wanted.
+        // Deliberate: a "#" or "?" in a directory's name cuts the path there: what lies below is not made.
         const Text path = AddTrailingSlash(GetFileFromLink(thePath, 1, 0));
         // Each step below would fail in silence, unless a ".." leads by way of directories that aren't there yet.
-        if (!Holds(path, "..") && HostFiles::IsDirectory(path))
+        if (!Contains(path, "..") && Files::IsDirectory(path))
             return;
         const Text belowDrive = RightPart(path, Len(path) - 2);
         for (std::int64_t i = 1; i <= Len(belowDrive); ++i)
@@ -65,7 +65,7 @@ bool CreateDirectories(const Text &thePath)
 
 bool MakeOneDir(const Text &thePath)
 {
-    const bool Result = HostFiles::MakeDirectory(thePath);
+    const bool Result = Files::MakeDirectory(thePath);
     if (!Result && showsDirErrors)
         MsgBox("Error creating directory:  " + thePath);
     return Result;

@@ -1,6 +1,6 @@
 // Directory services. A path is absolute, with drive letter, colon and backslash.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 // True when thePath, with or without a final backslash, is a directory. A path of another form brings two messages and
 // gives false.

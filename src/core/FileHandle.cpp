@@ -4,13 +4,14 @@
 #include "core/TextOps.h"
 #include "core/Trap.h"
 #include "core/Utils.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 #include <algorithm>
 #include <map>
 
 bool ifFileExists(const Text &theFile)
 {
-    return HostFiles::IsFile(theFile);
+    return Files::IsFile(theFile);
 }
 
 Text AddTrailingSlash(const Text &thePath)
@@ -35,7 +36,7 @@ std::int16_t CopyFile(const Text &fromFile, const Text &toFile)
         }
         bool isCopied = false;
         Trap([&] {
-            HostFiles::Copy(fromFile, toFile);
+            Files::Copy(fromFile, toFile);
             isCopied = true;
         });
         if (!isCopied) {
@@ -48,7 +49,7 @@ std::int16_t CopyFile(const Text &fromFile, const Text &toFile)
 
 void LoadFileIntoBox(const Text &theFile, TextHolder &theBox)
 {
-    theBox.Text = HostFiles::Read(theFile);
+    theBox.Text = Files::Read(theFile);
 }
 
 int AppendLineToFile(TextHolder &theTarget, const Text &, const Text &theText)
@@ -62,8 +63,8 @@ int AppendLineToFile(const Text &theTarget, const Text &thePath, const Text &the
     Trap([&] {
         const Text file = AddTrailingSlash(thePath) + theTarget;
         // Adding at the end leaves the same bytes as reading and rewriting the whole, at a cost that doesn't grow.
-        const Text lineEnd = ifFileExists(file) && !HostFiles::EndsInLineFeed(file) ? CRLF : "";
-        HostFiles::Append(file, lineEnd + theText + CRLF);
+        const Text lineEnd = ifFileExists(file) && !Files::EndsInLineFeed(file) ? CRLF : "";
+        Files::Append(file, lineEnd + theText + CRLF);
     });
     return 0;
 }
@@ -100,7 +101,7 @@ long LoadListFromFile(const Text &theExtension, const Text &theName, ListBox &th
     long Result = 0;
     Trap([&] {
         const Text file = ListPath(theExtension, theName);
-        const std::int64_t stamp = HostFiles::Stamp(file);
+        const std::int64_t stamp = Files::Stamp(file);
         Filling &last = fillings[&theList];
         if (stamp != -1 && last.File == file && last.Stamp == stamp && last.Revision == theList.Revision()) {
             Result = theList.ListCount();
@@ -109,7 +110,7 @@ long LoadListFromFile(const Text &theExtension, const Text &theName, ListBox &th
         theList.Clear();
         if (!ifFileExists(file))
             return;
-        const Text text = HostFiles::Read(file);
+        const Text text = Files::Read(file);
         std::vector<Text> rows;
         std::size_t from = 0;
         for (int i = 0; i <= 30000; ++i) {
@@ -135,7 +136,7 @@ Text GATHERFROMFILE(const Text &theFile)
             Result = "FileNotExist";
             return;
         }
-        const Text text = HostFiles::Read(theFile);
+        const Text text = Files::Read(theFile);
         Result = LeftPart(text, FindText(1, text, "[]") - 1);
     });
     return Result;
@@ -148,7 +149,7 @@ int SaveMarkedFile(const Text &theFile, const Text &theText, int quiet)
             PrintToFile(theFile, theText + "[]");
             return;
         }
-        // The box has only OK, so the answer is never Yes and the file stays as it was. Wanted.
+        // Deliberate: the box has only OK, so the answer is never Yes and the file stays as it was.
         MsgBox(Text("Are you sure you want to overwrite file:  ") + CRLF + theFile + "?");
     });
     return 0;
@@ -160,7 +161,7 @@ void PrintToFile(const Text &theFile, const Text &theText)
     printed.reserve(theText.size() + 2);
     printed += theText;
     printed += CRLF;
-    HostFiles::Write(theFile, std::move(printed));
+    Files::Write(theFile, std::move(printed));
 }
 
 Text NewNumberInFileName(const Text &theFileName)
@@ -187,7 +188,7 @@ Text LoadVariable(const Text &theName, int scope)
         const Text file = VariablesFile(scope);
         if (!ifFileExists(file))
             return;
-        const Text text = HostFiles::Read(file);
+        const Text text = Files::Read(file);
         const std::int64_t found = FindText(1, text, "|||" + theName + "|||", true);
         if (found == 0)
             return;
@@ -208,7 +209,7 @@ int SaveVariable(const Text &theName, const Text &theValue, int scope)
         const Text entry = "|||" + theName + "|||" + theValue;
         Text newText = entry;
         if (ifFileExists(file)) {
-            const Text text = HostFiles::Read(file);
+            const Text text = Files::Read(file);
             const std::int64_t p = FindText(1, text, "|||" + theName + "|||", true);
             if (p == 0) {
                 newText = text + entry;
@@ -218,7 +219,7 @@ int SaveVariable(const Text &theName, const Text &theValue, int scope)
                 Text after = MidPart(text, q + 1, Len(text));
                 if (EndsWith(after, "\n"))
                     after = LeftPart(after, Len(after) - 2);
-                // No line break between them: the two variables live in files of their own, each alone. Wanted.
+                // Deliberate: no line break between them: the two variables live in files of their own, each alone.
                 newText = before + entry + after;
             }
         }
@@ -229,7 +230,7 @@ int SaveVariable(const Text &theName, const Text &theValue, int scope)
 
 Text InProgramDir(const Text &theRest)
 {
-    return HostFiles::ProgramDir() + "\\" + theRest;
+    return Paths::ProgramDir() + "\\" + theRest;
 }
 
 Text PictureOf(const Text &theFile)

@@ -1,6 +1,6 @@
 // Random and zero-filled numbers.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 // A whole number from 1 to theLimit; 1 for the limit 0. Every call mixes the clock into the generator.
 double GetRandomNumber(double theLimit);

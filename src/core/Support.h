@@ -1,6 +1,6 @@
 // Where users find help: settings of the build.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 #ifndef FERNCASTLE_SUPPORT_SITE
 #define FERNCASTLE_SUPPORT_SITE "http://www.ferncastle.example"

@@ -1,5 +1,5 @@
 #include "core/TextOps.h"
-#include "toolkit/Failure.h"
+#include "base/Failure.h"
 #include <algorithm>
 #include <charconv>
 #include <string_view>
@@ -97,7 +97,7 @@ bool EndsWith(const Text &theText, const Text &theTail)
     return theText.ends_with(theTail);
 }
 
-bool Holds(const Text &theText, const Text &theWhat)
+bool Contains(const Text &theText, const Text &theWhat)
 {
     return theText.find(theWhat) != Text::npos;
 }

@@ -1,6 +1,6 @@
 // The text operations that all link rules are written in. Positions count from 1; 0 means not found.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 // The first n characters; all of them when n is at least the length. A failure when n is negative.
 Text LeftPart(const Text &theText, std::int64_t n);
@@ -25,7 +25,7 @@ Text LowerText(Text theText);
 bool EqualsIgnoringCase(const Text &a, const Text &b);
 bool BeginsWith(const Text &theText, const Text &theHead);
 bool EndsWith(const Text &theText, const Text &theTail);
-bool Holds(const Text &theText, const Text &theWhat);
+bool Contains(const Text &theText, const Text &theWhat);
 
 // The number that a text begins with: leading blanks, one sign, digits, one point, digits; 0 when there is none.
 double NumberAtStart(const Text &theText);

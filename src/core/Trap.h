@@ -1,7 +1,7 @@
 // The one way in which a procedure catches a run-time failure.
 #pragma once
+#include "base/Failure.h"
 #include "core/AppVars.h"
-#include "toolkit/Failure.h"
 #include "toolkit/Services.h"
 #include <source_location>
 
@@ -16,6 +16,6 @@ template <class Body> void Trap(Body &&theBody, const std::source_location theCa
     try {
         theBody();
     } catch (const RuntimeFailure &failure) {
-        TrapCaught(failure, theCaller.function_name());
+        ReportTrapped(failure, theCaller.function_name());
     }
 }

@@ -85,7 +85,7 @@ Text CloseUpEquals(const Text &theTag)
 {
     Text Result;
     Trap([&] {
-        // One pass that never looks back: of two blanks beside an "=" one stays. Wanted.
+        // Deliberate: one pass that never looks back: of two blanks beside an "=" one stays.
         const auto isPair = [&](std::size_t i, char first, char second) {
             return theTag[i] == first && i + 1 < theTag.size() && theTag[i + 1] == second;
         };

@@ -1,6 +1,6 @@
 // Message lines and the small text procedures on which the link rules and the wizard stand.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 #include <vector>
 
 // Shows the lines in one message box, each followed by CR LF.

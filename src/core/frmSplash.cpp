@@ -12,7 +12,7 @@ namespace frmSplash
 void Form_Load(), Timer1_Timer();
 
 Form Me{"frmSplash", {.Width = 302, .Height = 447, .Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {20, 408, 262, 20}, .Style = Look::Splash}};
+Label Label1{Me, "Label1", {.At = {20, 408, 262, 20}, .Style = TextStyle::Splash}};
 Timer Timer1{Me, "Timer1", {.Interval = 3000, .Enabled = false, .Tick = Timer1_Timer}};
 
 void Form_Load()
@@ -62,7 +62,7 @@ void Init_Vars()
     });
 }
 
-// A saved flag as a truth value: -1 or "True". The program's own "1" is not equal to true. Wanted.
+// Deliberate: a saved flag as a truth value: -1 or "True". The program's own "1" is not equal to true.
 static bool EqualsTrue(const Text &theFlag)
 {
     Text flag = theFlag;

@@ -1,7 +1,10 @@
 // Addresses of the program and URLs of the host, and what both kinds of page view tell the program alike.
 #include "desktop/Pages.h"
 #include "desktop/QtText.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "disk/PendingWrites.h"
+#include "toolkit/Gates.h"
 #include "toolkit/Presentation.h"
 #include <QTimer>
 #include <algorithm>
@@ -11,11 +14,11 @@
 QUrl UrlOf(const Text &theAddress)
 {
     if (theAddress.size() < 2 || theAddress[1] != ':')
-        return QUrl(Shown(theAddress));
-    Text path = HostFiles::ToHost(theAddress);
+        return QUrl(ToQString(theAddress));
+    Text path = Files::ToHost(theAddress);
     if (path.empty()) {
         // A drive that isn't there keeps its letter, so that the user reads the name of what can't be found.
-        path = '/' + HostFiles::Plain(theAddress);
+        path = '/' + Paths::Normalize(theAddress);
         std::replace(path.begin(), path.end(), '\\', '/');
     }
     return QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/:"));
@@ -26,11 +29,11 @@ Text AddressOf(const QUrl &theUrl)
     if (const QUrl file = UrlOfDriveLink(theUrl); !file.isEmpty())
         return AddressOf(file);
     if (!theUrl.isLocalFile())
-        return FromShown(theUrl.toString(QUrl::FullyEncoded));
+        return FromQString(theUrl.toString(QUrl::FullyEncoded));
     Text path = QByteArray::fromPercentEncoding(theUrl.path(QUrl::FullyEncoded).toLatin1()).toStdString();
     const bool hasDrive = path.size() > 3 && path[2] == ':' && path[3] == '/';
     if (!hasDrive)
-        return HostFiles::FromHost(path);
+        return Paths::FromHost(path);
     std::replace(path.begin(), path.end(), '/', '\\');
     return path.substr(1);
 }
@@ -62,7 +65,7 @@ QString NoticePage(const Text &theTitle, const QString &theHeading, const QStrin
         "body{background-color:#fbfaf6;color:#20302c;font-family:Inter,sans-serif;font-size:15px}"
         "h1{color:#123f38;font-size:22px}a{color:#1f6b55}"
         "</style></head><body><table cellpadding=\"32\"><tr><td><h1>%2</h1>%3</td></tr></table></body></html>")
-        .arg(Shown(theTitle).toHtmlEscaped(), theHeading, theBody);
+        .arg(ToQString(theTitle).toHtmlEscaped(), theHeading, theBody);
 }
 
 Pages::Pages(Browser &theBrowser, QWidget *theParent) : QObject(theParent), browser(theBrowser) {}
@@ -82,7 +85,7 @@ void Pages::Open(const QUrl &theUrl)
 
 bool Pages::Goes(const QUrl &theUrl)
 {
-    HostFiles::Settle();
+    PendingWrites::Flush();
     const Text address = AddressOf(theUrl);
     if (!BrowserGoes(browser, address))
         return false;
@@ -93,7 +96,7 @@ bool Pages::Goes(const QUrl &theUrl)
 
 void Pages::Titled(const QString &theTitle)
 {
-    BrowserTitled(browser, theTitle.isEmpty() ? NameOf(Address()) : FromShown(theTitle));
+    BrowserTitled(browser, theTitle.isEmpty() ? NameOf(Address()) : FromQString(theTitle));
 }
 
 void Pages::Says(const Text &theStatus)
@@ -116,5 +119,5 @@ QString Pages::CannotShowPage(const QUrl &theUrl) const
 {
     const Text address = AddressOf(theUrl);
     return NoticePage(NameOf(address), QStringLiteral("This kind of file can't be shown here"),
-        QStringLiteral("<p>%1</p>").arg(Shown(address).toHtmlEscaped()));
+        QStringLiteral("<p>%1</p>").arg(ToQString(address).toHtmlEscaped()));
 }

@@ -4,7 +4,8 @@
 #include "desktop/FocusRing.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 #include "toolkit/Services.h"
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -48,22 +49,22 @@ void Dress()
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setPalette(Theme::WholePalette());
     Theme::LoadFonts();
-    QApplication::setFont(Theme::FontOf(Look::Body));
+    QApplication::setFont(Theme::FontOf(TextStyle::Body));
     FocusRing::Watch();
     QIcon icon;
     for (const char *side : {"16", "24", "32", "48", "64", "128", "256"})
-        icon.addFile(Shown(HostFiles::ToHost(InProgramDir(Text("icons\\ferncastle-") + side + ".png"))));
+        icon.addFile(ToQString(Files::ToHost(InProgramDir(Text("icons\\ferncastle-") + side + ".png"))));
     QApplication::setWindowIcon(icon);
 }
 
 bool CanKeepProjects()
 {
-    const QString directory = Shown(HostFiles::ToHost(HostFiles::ProgramDir()));
+    const QString directory = ToQString(Files::ToHost(Paths::ProgramDir()));
     if (QFileInfo(directory).isWritable())
         return true;
     bool wantsNoMore = false;
     Boxes::Ask(nullptr,
-        "Ferncastle keeps its projects and the expanded sites in its own directory:\n\n" + FromShown(directory) +
+        "Ferncastle keeps its projects and the expanded sites in its own directory:\n\n" + FromQString(directory) +
             "\n\nThis directory can't be written. Please copy it to a place of your own, such as your home directory, "
             "and start Ferncastle from there.",
         msgStop, "Ferncastle", false, wantsNoMore);

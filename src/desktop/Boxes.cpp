@@ -28,7 +28,7 @@ static void Dress(QMessageBox &theBox)
 // Paths hold no blanks to break at; a place of no width behind each backslash lets a long one go on in the next line.
 static QString Breakable(const Text &theText)
 {
-    return Shown(theText).replace(QStringLiteral("\\"), QStringLiteral("\\\u200B"));
+    return ToQString(theText).replace(QStringLiteral("\\"), QStringLiteral("\\\u200B"));
 }
 
 static QMessageBox::Icon IconOf(int theFlags)
@@ -50,7 +50,7 @@ static QMessageBox::Icon IconOf(int theFlags)
 int Ask(
     QWidget *theParent, const Text &thePrompt, int theFlags, const Text &theTitle, bool hasOptOut, bool &wantsNoMore)
 {
-    QMessageBox box(IconOf(theFlags), Shown(theTitle), Breakable(thePrompt), QMessageBox::NoButton, theParent);
+    QMessageBox box(IconOf(theFlags), ToQString(theTitle), Breakable(thePrompt), QMessageBox::NoButton, theParent);
     wantsNoMore = false;
     if (!(theFlags & msgYesNo)) {
         box.addButton(QMessageBox::Ok);
@@ -74,7 +74,7 @@ int Ask(
 static QString FiltersOf(const Text &theFilter)
 {
     QStringList Result;
-    const QStringList pieces = Shown(theFilter).split('|', Qt::SkipEmptyParts);
+    const QStringList pieces = ToQString(theFilter).split('|', Qt::SkipEmptyParts);
     for (qsizetype i = 0; i + 1 < pieces.size(); i += 2) {
         const QString words = pieces[i].left(pieces[i].indexOf('(')).trimmed();
         const bool isAll = pieces[i + 1] == QStringLiteral("*.*");
@@ -92,7 +92,7 @@ QString ChooseFile(QWidget *theParent, const Text &theFilter, const QString &the
 void TellFailure(QWidget *theParent, const RuntimeFailure &theFailure)
 {
     QMessageBox box(
-        QMessageBox::Critical, Shown(DefaultBoxTitle), QObject::tr("Run-time failure"), QMessageBox::Ok, theParent);
+        QMessageBox::Critical, ToQString(DefaultBoxTitle), QObject::tr("Run-time failure"), QMessageBox::Ok, theParent);
     box.setInformativeText(Breakable(theFailure.What + "\r\n\r\n" + theFailure.Where) +
                            QObject::tr("\n\nThe program ends now. What it has written so far stays."));
     Dress(box);
@@ -101,7 +101,7 @@ void TellFailure(QWidget *theParent, const RuntimeFailure &theFailure)
 
 bool WantsToWait(QWidget *theParent, const Text &theWhere, const Text &theWhy)
 {
-    const QString title = Shown(DefaultBoxTitle.empty() ? "Ferncastle" : DefaultBoxTitle);
+    const QString title = ToQString(DefaultBoxTitle.empty() ? "Ferncastle" : DefaultBoxTitle);
     QMessageBox box(
         QMessageBox::Warning, title, QObject::tr("Ferncastle is not responding"), QMessageBox::NoButton, theParent);
     box.setInformativeText(Breakable(theWhy + "\r\n\r\n" + theWhere));

@@ -1,7 +1,7 @@
 // The boxes that stand before the program's windows.
 #pragma once
-#include "toolkit/Failure.h"
-#include "toolkit/Text.h"
+#include "base/Failure.h"
+#include "base/Text.h"
 #include <QWidget>
 
 namespace Boxes

@@ -1,8 +1,11 @@
 #include "desktop/Desktop.h"
+#include "desktop/Actions.h"
 #include "desktop/Boxes.h"
-#include "desktop/Deeds.h"
 #include "desktop/QtText.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "disk/PendingWrites.h"
+#include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <QAccessible>
 #include <QApplication>
@@ -30,13 +33,13 @@ Desktop::Desktop()
 // Windows go before the application does; a page view must not outlive it.
 Desktop::~Desktop()
 {
-    Present(nullptr);
+    SetPresentation(nullptr);
     windows.clear();
 }
 
 int Desktop::Run(Form &theFirstForm)
 {
-    Present(this);
+    SetPresentation(this);
     StartProgram(theFirstForm);
     if (!hasEnded)
         QApplication::exec();
@@ -209,27 +212,27 @@ void Desktop::FollowTimer(Timer &theTimer)
 void Desktop::Serve(QEventLoop::ProcessEventsFlags theFlags)
 {
     ShowChanges();
-    Deeds::Serving(true);
+    Actions::Serving(true);
     QCoreApplication::processEvents(theFlags);
-    Deeds::Serving(false);
+    Actions::Serving(false);
     nextYield = Clock::now() + (QAccessible::isActive() ? yieldEveryForReaders : yieldEvery);
 }
 
 void Desktop::DoEvents()
 {
-    Deeds::Yielded();
+    Actions::Yielded();
     if (Clock::now() >= nextYield)
         Serve(QEventLoop::AllEvents);
 }
 
 void Desktop::WaitEvents()
 {
-    Deeds::Yielded();
-    const bool hasMore = HostFiles::IsOutstanding();
+    Actions::Yielded();
+    const bool hasMore = PendingWrites::HasAny();
     Serve(hasMore ? QEventLoop::AllEvents : QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
-void Desktop::ShowNow()
+void Desktop::PaintNow()
 {
     std::unordered_set<const Form *> stale;
     for (const Element *element : changed)
@@ -244,13 +247,13 @@ void Desktop::ShowNow()
 
 int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
-    HostFiles::Settle();
+    PendingWrites::Flush();
     ShowChanges();
-    if (run != DeedsDone())
+    if (run != ActionsDone())
         boxesShown.clear();
-    run = DeedsDone();
-    // Boxes of one deed: a run over a large site may have the same thing to say a thousand times, each time of another
-    // file; what a message is about stands in its first line.
+    run = ActionsDone();
+    // Boxes of one action: a run over a large site may have the same thing to say a thousand times, each time of
+    // another file; what a message is about stands in its first line.
     const Text box = theTitle + "\n" + thePrompt.substr(0, thePrompt.find('\r'));
     const int times = boxesShown[box];
     if (times < 0 && !(theFlags & msgYesNo))
@@ -261,7 +264,7 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
     bool wantsNoMore = false;
     const int Result = Boxes::Ask(Foremost(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore);
     if (theFlags & msgYesNo)
-        Deeds::Answered(Result == answerYes);
+        Actions::Answered(Result == answerYes);
     else
         boxesShown[box] = wantsNoMore ? -1 : times + 1;
     nextYield = {};
@@ -270,15 +273,15 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 
 Text Desktop::OpenFile(const Text &theFilter)
 {
-    HostFiles::Settle();
+    PendingWrites::Flush();
     ShowChanges();
     if (lastDirectory.isEmpty())
-        lastDirectory = Shown(HostFiles::ToHost(HostFiles::ProgramDir()));
+        lastDirectory = ToQString(Files::ToHost(Paths::ProgramDir()));
     const QString file = Boxes::ChooseFile(Foremost(), theFilter, lastDirectory);
     if (!file.isEmpty())
         lastDirectory = QFileInfo(file).path();
-    const Text Result = file.isEmpty() ? Text() : HostFiles::FromHost(FromShown(file));
-    Deeds::Chose(Result);
+    const Text Result = file.isEmpty() ? Text() : Paths::FromHost(FromQString(file));
+    Actions::Chose(Result);
     return Result;
 }
 
@@ -338,7 +341,7 @@ void Desktop::Failure(const RuntimeFailure &theFailure)
 
 void Desktop::Ended(int theCode)
 {
-    Deeds::Ended();
+    Actions::Ended();
     hasEnded = true;
     code = theCode;
     for (auto &[timer, clock] : timers) {

@@ -30,7 +30,7 @@ public:
     void Focus(Control &theControl) override;
     void DoEvents() override;
     void WaitEvents() override;
-    void ShowNow() override;
+    void PaintNow() override;
     int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle) override;
     Text OpenFile(const Text &theFilter) override;
     void Beep() override;
@@ -62,7 +62,7 @@ private:
     bool isPaintingOnly = false;
     QPoint lastPlace;
     bool hasPlace = false;
-    unsigned long run = 0;  // the deed during which the boxes below were shown
+    unsigned long run = 0;  // the action during which the boxes below were shown
     std::map<Text, int> boxesShown;
     QString lastDirectory;
     bool hasEnded = false;

@@ -1,5 +1,5 @@
 #include "desktop/Entry.h"
-#include "desktop/Deeds.h"
+#include "desktop/Actions.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include <QKeyEvent>
@@ -7,18 +7,18 @@
 
 Entry::Entry(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), box(theBox)
 {
-    setFont(Theme::FontOf(Look::Body));
+    setFont(Theme::FontOf(TextStyle::Body));
     setStyleSheet(Theme::EntryStyle());
     // Not textEdited: dictation and screen readers put a whole text in, which isn't told by that.
     connect(this, &QLineEdit::textChanged, this, [this](const QString &theText) {
-        if (theText != Shown(box.Now.Caption) && !Deeds::Edit(box, FromShown(theText)))
+        if (theText != ToQString(box.Now.Caption) && !Actions::Edit(box, FromQString(theText)))
             Update();
     });
 }
 
 void Entry::Update()
 {
-    if (const QString words = Shown(box.Now.Caption); words != text()) {
+    if (const QString words = ToQString(box.Now.Caption); words != text()) {
         setText(words);
         // An address is read from its head.
         if (!hasFocus())
@@ -30,7 +30,7 @@ void Entry::Update()
 bool Entry::TakesKey(int theKey)
 {
     const QPointer<Entry> me(this);
-    const bool isTaken = Deeds::KeyPress(box, theKey) && theKey != 0;
+    const bool isTaken = Actions::KeyPress(box, theKey) && theKey != 0;
     if (!me || !box.Owner.Visible)
         return false;
     emit HandlerRan();
@@ -52,7 +52,7 @@ void Entry::keyPressEvent(QKeyEvent *theEvent)
                           (theEvent->modifiers() & ~Qt::ShiftModifier) != Qt::ControlModifier;
     if (isTyping && box.Design.KeyPress) {
         const QPointer<Entry> me(this);
-        for (const char key : FromShown(words))
+        for (const char key : FromQString(words))
             if (!TakesKey(static_cast<unsigned char>(key)))
                 return;
         if (!me)

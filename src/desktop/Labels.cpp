@@ -9,8 +9,8 @@ static constexpr int cardMargin = 9;
 
 TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
     : QLabel(theParent), label(theLabel),
-      isOneLine(label.Design.Style == Look::Value || label.Design.Style == Look::Counter ||
-                label.Design.Style == Look::Status),
+      isOneLine(label.Design.Style == TextStyle::Value || label.Design.Style == TextStyle::Counter ||
+                label.Design.Style == TextStyle::Status),
       isOnCard(isOneLine && label.Design.At.Height >= cardHeight)
 {
     setTextFormat(Qt::PlainText);
@@ -21,10 +21,10 @@ TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
     setWordWrap(!isOneLine);
     const int lineHeight = fontMetrics().lineSpacing();
     const bool isHigh = label.Design.At.Height >= 2 * lineHeight;
-    setAlignment(label.Design.Style == Look::Splash ? Qt::AlignCenter
-                 : isHigh                           ? Qt::AlignTop | Qt::AlignLeft
-                                                    : Qt::AlignVCenter | Qt::AlignLeft);
-    if (label.Design.Style == Look::Counter && isOnCard)
+    setAlignment(label.Design.Style == TextStyle::Splash ? Qt::AlignCenter
+                 : isHigh                                ? Qt::AlignTop | Qt::AlignLeft
+                                                         : Qt::AlignVCenter | Qt::AlignLeft);
+    if (label.Design.Style == TextStyle::Counter && isOnCard)
         setAlignment(Qt::AlignVCenter | Qt::AlignRight);
     if (isOnCard)
         setContentsMargins(cardMargin, 0, cardMargin, 0);
@@ -37,10 +37,11 @@ TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
 
 void TextLabel::Update()
 {
-    if (QString words = Shown(label.Now.Caption); words != text()) {
+    if (QString words = ToQString(label.Now.Caption); words != text()) {
         setText(words);
         if (isOneLine)
-            setToolTip(fontMetrics().horizontalAdvance(words) > contentsRect().width() ? TipOf(words) : QString());
+            setToolTip(
+                fontMetrics().horizontalAdvance(words) > contentsRect().width() ? ToolTipText(words) : QString());
     }
 }
 
@@ -85,6 +86,6 @@ HelpReading::HelpReading(Label &theLabel, QWidget *theParent) : QTextEdit(thePar
 
 void HelpReading::Update()
 {
-    if (const QString words = Shown(label.Now.Caption); words != toPlainText())
+    if (const QString words = ToQString(label.Now.Caption); words != toPlainText())
         setPlainText(words);
 }

@@ -1,8 +1,10 @@
 #include "desktop/Lists.h"
-#include "desktop/Deeds.h"
+#include "desktop/Actions.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "toolkit/Pickers.h"
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -12,7 +14,7 @@
 
 static void Dress(QListView &theView)
 {
-    theView.setFont(Theme::FontOf(Look::Body));
+    theView.setFont(Theme::FontOf(TextStyle::Body));
     theView.setUniformItemSizes(true);
     theView.setEditTriggers(QAbstractItemView::NoEditTriggers);
     theView.setTextElideMode(Qt::ElideMiddle);
@@ -53,8 +55,8 @@ QVariant RowsModel::data(const QModelIndex &theIndex, int theRole) const
     const auto row = static_cast<std::size_t>(theIndex.row());
     if ((theRole != Qt::DisplayRole && theRole != Qt::ToolTipRole) || row >= list.NowRows.size())
         return {};
-    const QString words = Shown(list.NowRows[row]);
-    return theRole == Qt::ToolTipRole ? TipOf(words) : words;
+    const QString words = ToQString(list.NowRows[row]);
+    return theRole == Qt::ToolTipRole ? ToolTipText(words) : words;
 }
 
 void RowsModel::Reread()
@@ -69,7 +71,7 @@ RowList::RowList(ListBox &theList, QWidget *theParent)
     Dress(*this);
     setModel(rows);
     FollowSelection(*this);
-    connect(this, &QListView::doubleClicked, this, [this] { Deeds::DoubleClick(list); });
+    connect(this, &QListView::doubleClicked, this, [this] { Actions::DoubleClick(list); });
 }
 
 void RowList::Update()
@@ -101,13 +103,13 @@ void RowList::currentChanged(const QModelIndex &theCurrent, const QModelIndex &t
 {
     QListView::currentChanged(theCurrent, thePrevious);
     if (!isUpdating && theCurrent.isValid() && theCurrent.row() != list.NowIndex)
-        Deeds::Select(list, theCurrent.row());
+        Actions::Select(list, theCurrent.row());
 }
 
 void RowList::keyPressEvent(QKeyEvent *theEvent)
 {
     if (IsEnter(*theEvent) && list.Design.DblClick)
-        Deeds::DoubleClick(list);
+        Actions::DoubleClick(list);
     else
         QListView::keyPressEvent(theEvent);
 }
@@ -157,7 +159,7 @@ QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
     const int row = ListRow(theIndex.row());
     const Text path = list.List(row);
     if (theRole == Qt::ToolTipRole)
-        return TipOf(Shown(path));
+        return ToolTipText(ToQString(path));
     // What the picture shows, for those who can't see it.
     if (theRole == Qt::AccessibleDescriptionRole)
         return row < 0 ? QStringLiteral("open") : QString();
@@ -165,7 +167,7 @@ QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
         return FolderPicture(std::min(row < 0 ? theIndex.row() : depth, 10), row < 0);
     if (theRole != Qt::DisplayRole)
         return {};
-    return Shown(path.size() == 3 ? path : path.substr(path.find_last_of('\\') + 1));
+    return ToQString(path.size() == 3 ? path : path.substr(path.find_last_of('\\') + 1));
 }
 
 void DirRowsModel::Reread()
@@ -216,21 +218,21 @@ void DirRows::Update()
 void DirRows::GoToRow(const QModelIndex &theRow)
 {
     if (const Text to = list.List(rows->ListRow(theRow.row())); !to.empty() && to != list.NowPath)
-        Deeds::Go(list, to);
+        Actions::Go(list, to);
 }
 
 void DirRows::currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious)
 {
     QListView::currentChanged(theCurrent, thePrevious);
     if (!isUpdating && theCurrent.isValid() && rows->ListRow(theCurrent.row()) != list.NowIndex)
-        Deeds::Highlight(list, rows->ListRow(theCurrent.row()));
+        Actions::Highlight(list, rows->ListRow(theCurrent.row()));
 }
 
 void DirRows::keyPressEvent(QKeyEvent *theEvent)
 {
     // One directory up, as in other pickers.
     if (theEvent->key() == Qt::Key_Backspace && !list.List(-2).empty())
-        Deeds::Go(list, list.List(-2));
+        Actions::Go(list, list.List(-2));
     else if (IsEnter(*theEvent))
         GoToRow(currentIndex());
     else
@@ -239,13 +241,13 @@ void DirRows::keyPressEvent(QKeyEvent *theEvent)
 
 DriveBox::DriveBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent), list(theList)
 {
-    setFont(Theme::FontOf(Look::Body));
+    setFont(Theme::FontOf(TextStyle::Body));
     setStyleSheet(Theme::PickerStyle());
     // The host makes what a box of this kind holds its name; what it is for is told by the description.
-    setAccessibleDescription(Shown(list.Design.Says));
+    setAccessibleDescription(ToQString(list.Design.AccessibleName));
     ReadDrives();
     connect(this, &QComboBox::activated, this, [this](int theRow) {
-        Deeds::Pick(list, FromShown(itemData(theRow).toString()));
+        Actions::Pick(list, FromQString(itemData(theRow).toString()));
         Update();
     });
 }
@@ -264,17 +266,18 @@ void DriveBox::paintEvent(QPaintEvent *theEvent)
 void DriveBox::ReadDrives()
 {
     clear();
-    for (const Text &drive : HostFiles::Drives()) {
-        const Text place = HostFiles::ToHost(drive + "\\");
-        const QString words = drive == "c:" ? QStringLiteral("this computer") : Shown(place);
-        addItem(Shown(drive) + QStringLiteral("   ") + (Shown(place).startsWith(Shown(drive)) ? QString() : words),
-            Shown(drive));
+    for (const Text &drive : Paths::Drives()) {
+        const Text place = Files::ToHost(drive + "\\");
+        const QString words = drive == "c:" ? QStringLiteral("this computer") : ToQString(place);
+        addItem(ToQString(drive) + QStringLiteral("   ") +
+                    (ToQString(place).startsWith(ToQString(drive)) ? QString() : words),
+            ToQString(drive));
     }
 }
 
 void DriveBox::Update()
 {
-    const QString drive = Shown(list.NowDrive);
+    const QString drive = ToQString(list.NowDrive);
     if (findData(drive) < 0)
         ReadDrives();
     setCurrentIndex(findData(drive));

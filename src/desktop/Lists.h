@@ -1,6 +1,7 @@
 // Lists of rows, and the pickers of drive and directory.
 #pragma once
 #include "toolkit/Controls.h"
+#include "toolkit/Pickers.h"
 #include <QAbstractListModel>
 #include <QComboBox>
 #include <QListView>

@@ -1,5 +1,5 @@
 #include "desktop/MenuRow.h"
-#include "desktop/Deeds.h"
+#include "desktop/Actions.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include <QAccessible>
@@ -18,7 +18,7 @@ MenuRow::MenuRow(Form &theForm, QWidget *theParent) : QMenuBar(theParent)
 {
     setNativeMenuBar(false);
     setFixedHeight(rowHeight);
-    setFont(Theme::FontOf(Look::Body));
+    setFont(Theme::FontOf(TextStyle::Body));
     setStyleSheet(Theme::MenuStyle());
     for (Element *element : theForm.Elements())
         if (auto *item = dynamic_cast<MenuItem *>(element)) {
@@ -37,7 +37,7 @@ void MenuRow::Add(MenuItem &theItem)
     });
     if (isMenu) {
         auto *menu = new QMenu(this);
-        menu->setFont(Theme::FontOf(Look::Body));
+        menu->setFont(Theme::FontOf(TextStyle::Body));
         action = addMenu(menu);
     } else if (theItem.Menu) {
         action = actions.at(theItem.Menu)->menu()->addAction(QString());
@@ -49,7 +49,7 @@ void MenuRow::Add(MenuItem &theItem)
     if (!isMenu)
         connect(action, &QAction::triggered, this, [this, &theItem] {
             const auto choose = [this, &theItem] {
-                Deeds::Click(theItem);
+                Actions::Click(theItem);
                 // Qt has turned the tick over by itself; what holds is what the program made of it.
                 Update(theItem);
             };
@@ -67,7 +67,7 @@ void MenuRow::Update(MenuItem &theItem)
     if (theItem.Now.Caption == "-")
         action.setSeparator(true);
     else
-        action.setText(Shown(theItem.Now.Caption));
+        action.setText(ToQString(theItem.Now.Caption));
     action.setVisible(theItem.Now.Visible);
     action.setEnabled(theItem.Now.Enabled);
     if (theItem.Now.Ticked)

@@ -1,6 +1,6 @@
 // A picture that is pressed: hover, press, focus and disabling are painted over the picture.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 #include <QAbstractButton>
 
 class PictureButton : public QAbstractButton

@@ -1,6 +1,6 @@
 #include "desktop/Pictures.h"
 #include "desktop/QtText.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
 #include <QFileInfo>
 #include <map>
 
@@ -10,7 +10,7 @@ const QPixmap &PictureAt(const Text &thePath, double theRatio)
     const bool isFine = theRatio > 1;
     const auto [found, isNew] = kept.try_emplace({thePath, isFine});
     if (isNew && !thePath.empty()) {
-        const QFileInfo file(Shown(HostFiles::ToHost(thePath)));
+        const QFileInfo file(ToQString(Files::ToHost(thePath)));
         const QString fine = file.path() + '/' + file.completeBaseName() + "@2x." + file.suffix();
         if (isFine && found->second.load(fine))
             found->second.setDevicePixelRatio(2);

@@ -1,6 +1,6 @@
 // The pictures beside the program, as sharp as the screen wants them.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 #include <QPainterPath>
 #include <QPixmap>
 #include <QRectF>

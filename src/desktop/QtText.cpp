@@ -2,7 +2,7 @@
 #include <QStringDecoder>
 #include <QTextDocument>
 
-QString Shown(const Text &theText)
+QString ToQString(const Text &theText)
 {
     const QByteArrayView bytes(theText.data(), static_cast<qsizetype>(theText.size()));
     QStringDecoder utf8(QStringDecoder::Utf8);
@@ -12,12 +12,12 @@ QString Shown(const Text &theText)
     return Result.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
-Text FromShown(const QString &theText)
+Text FromQString(const QString &theText)
 {
     return theText.toStdString();
 }
 
-QString TipOf(const QString &theWords)
+QString ToolTipText(const QString &theWords)
 {
     return Qt::mightBeRichText(theWords) ? Qt::convertFromPlainText(theWords) : theWords;
 }

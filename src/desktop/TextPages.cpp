@@ -1,8 +1,8 @@
 // The page view without a browser: shows the program's own pages, and simple others, from the disk.
+#include "base/Failure.h"
 #include "desktop/Pages.h"
 #include "desktop/QtText.h"
-#include "toolkit/Failure.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
 #include <QDesktopServices>
 #include <QImageReader>
 #include <QMimeDatabase>
@@ -140,7 +140,7 @@ QString Decoded(const Text &theBytes)
     const QByteArrayView bytes(theBytes.data(), static_cast<qsizetype>(theBytes.size()));
     QStringDecoder decode = QStringDecoder::decoderForHtml(bytes);
     const QString Result = decode(bytes);
-    return decode.isValid() && !decode.hasError() ? Result : Shown(theBytes);
+    return decode.isValid() && !decode.hasError() ? Result : ToQString(theBytes);
 }
 
 // A "<" in a script would swallow what follows.
@@ -156,7 +156,7 @@ Text TextPages::ShowFile(const QUrl &theUrl)
 {
     const auto show = [&](const char *theHeading, const char *theBody) {
         view->setHtml(NoticePage(NameOf(Address()), QString::fromLatin1(theHeading),
-            QString::fromLatin1(theBody).arg(Shown(Address()).toHtmlEscaped())));
+            QString::fromLatin1(theBody).arg(ToQString(Address()).toHtmlEscaped())));
         return "Could not open " + Address();
     };
     if (!theUrl.isLocalFile())
@@ -164,11 +164,11 @@ Text TextPages::ShowFile(const QUrl &theUrl)
                                                "<p>Open it in your web browser: <a href=\"%1\">%1</a></p>");
     Text bytes;
     try {
-        bytes = HostFiles::Read(Address());
+        bytes = Files::Read(Address());
     } catch (const RuntimeFailure &) {
         return show("This page can't be opened", "<p>It may have been moved, renamed or deleted:</p><p>%1</p>");
     }
-    const QString name = Shown(NameOf(Address()));
+    const QString name = ToQString(NameOf(Address()));
     const QMimeType kind = QMimeDatabase().mimeTypeForFileNameAndData(name, QByteArray::fromStdString(bytes));
     const bool isText = bytes.empty() || kind.inherits(QStringLiteral("text/plain"));
     const QString text = isText ? Decoded(bytes) : QString();

@@ -1,7 +1,7 @@
 #include "desktop/Theme.h"
 #include "core/FileHandle.h"
 #include "desktop/QtText.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
 #include <QFontDatabase>
 
 namespace Theme
@@ -9,7 +9,7 @@ namespace Theme
 void LoadFonts()
 {
     for (const char *file : {"fonts\\Inter-Regular.otf", "fonts\\Inter-SemiBold.otf"})
-        QFontDatabase::addApplicationFont(Shown(HostFiles::ToHost(InProgramDir(file))));
+        QFontDatabase::addApplicationFont(ToQString(Files::ToHost(InProgramDir(file))));
 }
 
 // Sizes in pixels, so that what fits its place does so on every host.
@@ -22,40 +22,40 @@ static QFont Letters(int thePixels, QFont::Weight theWeight = QFont::Normal)
     return Result;
 }
 
-QFont FontOf(Look theLook)
+QFont FontOf(TextStyle theStyle)
 {
-    switch (theLook) {
-    case Look::Title:
+    switch (theStyle) {
+    case TextStyle::Title:
         return Letters(19, QFont::DemiBold);
-    case Look::SubTitle:
-    case Look::Counter:
+    case TextStyle::SubTitle:
+    case TextStyle::Counter:
         return Letters(15, QFont::DemiBold);
-    case Look::HelpHeading:
+    case TextStyle::HelpHeading:
         return Letters(13, QFont::DemiBold);
-    case Look::Dim:
-    case Look::HelpText:
-    case Look::Status:
-    case Look::Splash:
+    case TextStyle::Dim:
+    case TextStyle::HelpText:
+    case TextStyle::Status:
+    case TextStyle::Splash:
         return Letters(12);
-    case Look::Body:
-    case Look::Value:
+    case TextStyle::Body:
+    case TextStyle::Value:
         break;
     }
     return Letters(13);
 }
 
-QColor InkOf(Look theLook)
+QColor InkOf(TextStyle theStyle)
 {
-    switch (theLook) {
-    case Look::Title:
+    switch (theStyle) {
+    case TextStyle::Title:
         return White;
-    case Look::Splash:
+    case TextStyle::Splash:
         return MintHover;
-    case Look::SubTitle:
-    case Look::HelpHeading:
+    case TextStyle::SubTitle:
+    case TextStyle::HelpHeading:
         return Pine;
-    case Look::Dim:
-    case Look::Status:
+    case TextStyle::Dim:
+    case TextStyle::Status:
         return Dim;
     default:
         return Ink;

@@ -16,8 +16,8 @@ inline constexpr QColor Pine{0x12, 0x3F, 0x38}, Fern{0x1F, 0x6B, 0x55}, Leaf{0x6
 // Loads the program's own letters; where they are missing the host's stand in.
 void LoadFonts();
 // The font and the colour of the text of a label.
-QFont FontOf(Look theLook);
-QColor InkOf(Look theLook);
+QFont FontOf(TextStyle theStyle);
+QColor InkOf(TextStyle theStyle);
 // All roles, so that a dark desktop leaves the screens as they are.
 QPalette WholePalette();
 // The few rules that a palette can't express.

@@ -1,5 +1,5 @@
 #include "desktop/TickBox.h"
-#include "desktop/Deeds.h"
+#include "desktop/Actions.h"
 #include "desktop/FocusRing.h"
 #include "desktop/Theme.h"
 #include <QKeyEvent>
@@ -13,7 +13,7 @@ TickBox::TickBox(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), b
     connect(this, &QCheckBox::toggled, this, [this](bool isTicked) {
         if (isTicked == box.Now.Ticked)
             return;
-        Deeds::Click(box);
+        Actions::Click(box);
         Update();
     });
 }

@@ -1,5 +1,5 @@
 #include "desktop/Window.h"
-#include "desktop/Deeds.h"
+#include "desktop/Actions.h"
 #include "desktop/Entry.h"
 #include "desktop/Labels.h"
 #include "desktop/Lists.h"
@@ -10,7 +10,10 @@
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include "desktop/TickBox.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "toolkit/Gates.h"
+#include "toolkit/Pickers.h"
 #include <QAccessible>
 #include <QApplication>
 #include <QCloseEvent>
@@ -31,9 +34,9 @@ static int Whole(double thePixels)
     return static_cast<int>(std::lround(thePixels));
 }
 
-static bool IsHelpSpot(const Control &theControl)
+static auto Has(Role theRole)
 {
-    return theControl.Now.Says.starts_with("Help: ");
+    return [theRole](const Control &theControl) { return theControl.Design.As == theRole; };
 }
 
 Window::Window(Form &theForm, QScreen *theScreen) : TheForm(theForm)
@@ -72,11 +75,11 @@ void Window::Add(Control &theControl)
     if (!item.Widget)
         return;
     item.Widget->setObjectName(QString::fromLatin1(theControl.Name));
-    if (!theControl.Design.Says.empty())
-        item.Widget->setAccessibleName(Shown(theControl.Design.Says));
+    if (!theControl.Design.AccessibleName.empty())
+        item.Widget->setAccessibleName(ToQString(theControl.Design.AccessibleName));
     // All screens bear the program's name; what tells them apart is their title.
-    if (theControl.Design.Style == Look::Title)
-        setAccessibleDescription(Shown(theControl.Design.Caption));
+    if (theControl.Design.Style == TextStyle::Title)
+        setAccessibleDescription(ToQString(theControl.Design.Caption));
     if (IsMouseOnly(theControl))
         item.Widget->setFocusPolicy(Qt::NoFocus);
     controls.push_back(&theControl);
@@ -86,30 +89,29 @@ void Window::Add(Control &theControl)
 Window::Item Window::Make(Control &theControl)
 {
     if (auto *label = dynamic_cast<Label *>(&theControl)) {
-        if (label->Design.Style == Look::HelpText) {
+        if (label->Design.Style == TextStyle::HelpText) {
             auto *reading = new HelpReading(*label, this);
             return {reading, [reading] { reading->Update(); }};
         }
         auto *text = new TextLabel(*label, this);
         connect(text, &TextLabel::Pressed, this, [label] {
             if (label->Design.Click)
-                Deeds::Click(*label);
+                Actions::Click(*label);
         });
         return {text, [text] { text->Update(); }};
     }
     if (auto *box = dynamic_cast<TextBox *>(&theControl)) {
         auto *entry = new Entry(*box, this);
         connect(entry, &Entry::HandlerRan, this, &Window::HandlerRan);
-        connect(entry, &Entry::EnterUnused, this,
-            [this] { PressFirst([](const Control &control) { return control.Now.Says == "Next"; }); });
+        connect(entry, &Entry::EnterUnused, this, [this] { PressFirst(Has(Role::Next)); });
         return {entry, [entry] { entry->Update(); }};
     }
     if (auto *image = dynamic_cast<Image *>(&theControl))
         return MakePicture(*image);
     if (auto *button = dynamic_cast<Button *>(&theControl)) {
         auto *push = new QPushButton(this);
-        connect(push, &QPushButton::clicked, this, [button] { Deeds::Click(*button); });
-        return {push, [push, button] { push->setText(Shown(button->Now.Caption)); }};
+        connect(push, &QPushButton::clicked, this, [button] { Actions::Click(*button); });
+        return {push, [push, button] { push->setText(ToQString(button->Now.Caption)); }};
     }
     if (auto *check = dynamic_cast<CheckBox *>(&theControl)) {
         auto *tick = new TickBox(*check, this);
@@ -151,9 +153,11 @@ Window::Item Window::MakePicture(Image &theImage)
     }
     auto *button = new PictureButton(this);
     connect(button, &PictureButton::clicked, this, [this, &theImage] { Press(theImage); });
-    QString tip = Shown(theImage.Design.Says);
-    if (tip == QStringLiteral("Next") || tip == QStringLiteral("Back"))
-        tip += QStringLiteral(" (Alt+%1)").arg(tip.at(0));
+    QString tip = ToQString(theImage.Design.AccessibleName);
+    if (theImage.Design.As == Role::Next)
+        tip += QStringLiteral(" (Alt+N)");
+    else if (theImage.Design.As == Role::Back)
+        tip += QStringLiteral(" (Alt+B)");
     button->setToolTip(tip);
     return {button, [button, &theImage] { button->SetPicture(theImage.Now.Picture); }};
 }
@@ -167,14 +171,14 @@ Window::Item Window::MakeToolBar(ToolBar &theBar)
     row->setStyleSheet(Theme::ToolStyle());
     for (const ToolButton &tool : theBar.Buttons) {
         auto *button = new QToolButton(row);
-        button->setObjectName(QString::fromLatin1(theBar.Name) + Shown(tool.Key));
-        button->setText(Shown(tool.Caption));
-        button->setFont(Theme::FontOf(Look::Body));
-        button->setToolTip(Shown(tool.Tip));
+        button->setObjectName(QString::fromLatin1(theBar.Name) + ToQString(tool.Key));
+        button->setText(ToQString(tool.Caption));
+        button->setFont(Theme::FontOf(TextStyle::Body));
+        button->setToolTip(ToQString(tool.Tip));
         button->setFocusPolicy(Qt::StrongFocus);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setArrowType(tool.Key == "Back" ? Qt::LeftArrow : Qt::RightArrow);
-        const auto press = [&theBar, key = tool.Key] { Deeds::Tool(theBar, key); };
+        const auto press = [&theBar, key = tool.Key] { Actions::Tool(theBar, key); };
         connect(button, &QToolButton::clicked, this, press);
         connect(new QShortcut(tool.Key == "Back" ? QKeySequence::Back : QKeySequence::Forward, this),
             &QShortcut::activated, this, press);
@@ -190,19 +194,12 @@ bool Window::IsWithin(const Control &theControl) const
     return theControl.Now.At.Left < TheForm.Now.Width;
 }
 
-// Labels that are pressed, and pictures that do the same as an earlier control.
+// Labels that are pressed, and pictures that repeat an earlier control.
 bool Window::IsMouseOnly(const Control &theControl) const
 {
     if (dynamic_cast<const Label *>(&theControl))
-        return theControl.Design.Style != Look::HelpText;
-    for (const Element *element : TheForm.Elements()) {
-        if (element == &theControl)
-            break;
-        const auto *earlier = dynamic_cast<const Control *>(element);
-        if (earlier && theControl.Design.Click && earlier->Design.Click == theControl.Design.Click)
-            return true;
-    }
-    return false;
+        return theControl.Design.As != Role::HelpText;
+    return theControl.Design.As == Role::Repeat;
 }
 
 // Of buttons that take turns on one spot, such as Pause and Resume, the next one has the keyboard after the last: the
@@ -236,7 +233,7 @@ void Window::UpdateItem(Control &theControl, const Item &theItem)
 void Window::Update(Element &theElement)
 {
     if (&theElement == &TheForm) {
-        setWindowTitle(Shown(TheForm.Now.Caption));
+        setWindowTitle(ToQString(TheForm.Now.Caption));
         update();
     } else if (auto *item = dynamic_cast<MenuItem *>(&theElement)) {
         menuRow->Update(*item);
@@ -329,7 +326,7 @@ void Window::PressFirst(const std::function<bool(const Control &)> &isIt)
     for (Element *element : TheForm.Elements()) {
         auto *control = dynamic_cast<Control *>(element);
         const QWidget *widget = control ? WidgetOf(*control) : nullptr;
-        if (widget && isIt(*control) && control->Design.Click && widget->isVisible() && CanReach(*control)) {
+        if (widget && isIt(*control) && control->Design.Click && widget->isVisible() && IsReachable(*control)) {
             Press(*control);
             return;
         }
@@ -348,7 +345,7 @@ void Window::Press(Control &theControl)
 {
     const QPointer<Window> me(this);
     const Text before = HelpShown();
-    Deeds::Click(theControl);
+    Actions::Click(theControl);
     if (!me || !QAccessible::isActive() || HelpShown().empty() || HelpShown() == before)
         return;
     helpFrom = WidgetOf(theControl);
@@ -361,13 +358,10 @@ void Window::BindKeys()
     const auto bind = [this](const QKeySequence &theKeys, const std::function<bool(const Control &)> &isIt) {
         connect(new QShortcut(theKeys, this), &QShortcut::activated, this, [this, isIt] { PressFirst(isIt); });
     };
-    const auto named = [](const char *theName) {
-        return [theName](const Control &control) { return Text(control.Name) == theName; };
-    };
-    bind(QKeySequence(Qt::ALT | Qt::Key_N), named("btnNext"));
-    bind(QKeySequence(Qt::ALT | Qt::Key_B), named("btnBack"));
-    bind(QKeySequence(Qt::Key_Escape), named("btnCloseHelp"));
-    bind(QKeySequence(Qt::Key_F1), IsHelpSpot);
+    bind(QKeySequence(Qt::ALT | Qt::Key_N), Has(Role::Next));
+    bind(QKeySequence(Qt::ALT | Qt::Key_B), Has(Role::Back));
+    bind(QKeySequence(Qt::Key_Escape), Has(Role::CloseHelp));
+    bind(QKeySequence(Qt::Key_F1), Has(Role::Help));
 }
 
 // The order of the elements is the order of reading.
@@ -408,7 +402,7 @@ void Window::RefuseClosing()
 {
     QApplication::beep();
     for (const Control *control : controls)
-        if (const QWidget *widget = items.at(control).Widget; control->Now.Says == "Cancel" && widget->isVisible())
+        if (const QWidget *widget = items.at(control).Widget; control->Design.As == Role::Cancel && widget->isVisible())
             QToolTip::showText(widget->mapToGlobal(QPoint(0, 0)), tr("The run goes on. Cancel ends it."));
 }
 
@@ -416,7 +410,7 @@ void Window::RefuseClosing()
 void Window::closeEvent(QCloseEvent *theEvent)
 {
     theEvent->ignore();
-    if (!Deeds::Close(TheForm))
+    if (!Actions::Close(TheForm))
         RefuseClosing();
 }
 
@@ -448,7 +442,7 @@ static Text DroppedDirectory(const QMimeData &theData)
 {
     for (const QUrl &url : theData.urls())
         if (url.isLocalFile())
-            if (Text path = HostFiles::FromHost(FromShown(url.toLocalFile())); HostFiles::IsDirectory(path))
+            if (Text path = Paths::FromHost(FromQString(url.toLocalFile())); Files::IsDirectory(path))
                 return path;
     return {};
 }
@@ -467,7 +461,7 @@ void Window::dropEvent(QDropEvent *theEvent)
         return;
     for (Element *element : TheForm.Elements())
         if (auto *drives = dynamic_cast<DriveList *>(element); drives && drives->NowDrive != path.substr(0, 2))
-            Deeds::Pick(*drives, path.substr(0, 2));
-    Deeds::Go(*target, path);
+            Actions::Pick(*drives, path.substr(0, 2));
+    Actions::Go(*target, path);
     theEvent->acceptProposedAction();
 }

@@ -2,6 +2,7 @@
 #pragma once
 #include "desktop/Pages.h"
 #include "toolkit/Controls.h"
+#include "toolkit/Pickers.h"
 #include <QPointer>
 #include <QWidget>
 #include <functional>

@@ -62,7 +62,7 @@ Text ReplaceInOnePass(const Text &thePage, const Replacements &theReplacements)
 Text Relink(const Text &thePage, const Replacements &theReplacements)
 {
     // A domain with a quote in it, or one that could be taken for the prefix, leaves the one pass without its grounds.
-    const bool isPlain = !Holds(DomainName, "\"") && !BeginsWith(DomainName, ".");
+    const bool isPlain = !Contains(DomainName, "\"") && !BeginsWith(DomainName, ".");
     Text page = LowerText(thePage);
     return isPlain ? ReplaceInOnePass(page, theReplacements) : ReplaceInTurn(std::move(page), theReplacements);
 }
@@ -70,8 +70,8 @@ Text Relink(const Text &thePage, const Replacements &theReplacements)
 
 Text RelinkExpandedPage(const Text &thePage, const Text &depthPrefix)
 {
-    // Only double quotes are known, and of the directories in the root only "imgs", in any attribute. Wanted.
-    // The page is lower-case and DomainName is not lowered: one with a capital letter is never found. Wanted.
+    // Deliberate: only double quotes are known, and of the directories in the root only "imgs", in any attribute.
+    // Deliberate: the page is lower-case and DomainName is not lowered: one with a capital letter is never found.
     return Relink(
         thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
                      {"href=", DomainName + "/", depthPrefix}, {"", "/imgs", depthPrefix + "imgs"}, {"", ">>", ">"}});
@@ -79,7 +79,7 @@ Text RelinkExpandedPage(const Text &thePage, const Text &depthPrefix)
 
 Text RelinkRoutedPage(const Text &thePage, const Text &depthPrefix)
 {
-    // Any double-quoted link to the root, but no repair of ">>". Wanted.
+    // Deliberate: any double-quoted link to the root, but no repair of ">>".
     return Relink(thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
                                {"href=", DomainName + "/", depthPrefix}, {"href=", "/", depthPrefix},
                                {"", "/imgs", depthPrefix + "imgs"}});

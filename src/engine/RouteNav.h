@@ -1,6 +1,6 @@
 // The second pass: links to the site's root in every page of the project directory become relative to the page's depth.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 // Treats the directory in frmProcess.Dir1 and all below. Has no trap.
 void RouteNav();

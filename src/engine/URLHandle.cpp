@@ -39,7 +39,7 @@ Text ReadValue(const Text &theText, std::int64_t thePos, std::int64_t theOffset,
     const std::int64_t start = thePos + theOffset + 1;
     if (!IsPast(theText, start - 1) && (opening == '"' || opening == '\''))
         return MidPart(theText, start, FindText(start, theText, Text(1, opening)) - start);
-    // Begins one behind start: the character at start belongs to the value untested, even a ">". Wanted.
+    // Deliberate: begins one behind start: the character at start belongs to the value untested, even a ">".
     std::int64_t i = 1;
     while (CharAt(theText, start + i) != ' ' && CharAt(theText, start + i) != '>') {
         ++i;
@@ -77,12 +77,12 @@ Text GetLinkFromTag(const Text &theTag)
     Text Result;
     Trap([&] {
         const Text tag = CloseUpEquals(theTag);
-        // Without "href" the position is 0, and the reading begins at the fourth character. Wanted.
+        // Deliberate: without "href" the position is 0, and the reading begins at the fourth character.
         const std::int16_t position = Count16(FindText(1, LowerText(tag), "href"));
         std::int16_t off = 4;
         while (IsBetweenNameAndValue(tag, position + off))
             off = Count16(off + 1);
-        // Without a ">" the count overflows in the end, and the value is empty. Wanted.
+        // Deliberate: without a ">" the count overflows in the end, and the value is empty.
         Result = ReadValue(tag, position, off, [](std::int64_t i, bool) { Count16(i); });
     });
     return Result;
@@ -94,7 +94,7 @@ Text SwapLinkInTag(const Text &theTag, const Text &newLink, const Text &)
     Trap([&] {
         const Text tag = CloseUpEquals(theTag);
         const Text old = GetLinkFromTag(tag);
-        // An empty link is found at position 1, so the new one lands in front of the tag. Wanted.
+        // Deliberate: an empty link is found at position 1, so the new one lands in front of the tag.
         const std::int64_t p = FindText(1, tag, old);
         Result = LeftPart(tag, p - 1) + newLink + RightPart(tag, Len(tag) - p - Len(old) + 1);
     });
@@ -109,7 +109,7 @@ Text StripSiteHead(const Text &theLink, Flag KEEPEXTRA)
         if (KEEPEXTRA != 1)
             if (const std::int64_t query = FindText(1, link, "?"); query > 0)
                 link = LeftPart(link, query - 1);
-        // No other scheme is known: a secure link keeps its head. Wanted.
+        // Deliberate: no other scheme is known: a secure link keeps its head.
         for (const char *head : {"http://", "http:\\\\", "www."})
             link = StripFromEnds(link, head, 1);
         Result = link;
@@ -151,7 +151,7 @@ Text PageSubdirectory()
 
 void ShowBothSlashes(const Text &theLink)
 {
-    // The words name GetFileFromLink, whoever calls. Wanted.
+    // Deliberate: the words name GetFileFromLink, whoever calls.
     ShowMessageLines({"Houston, we have a problem.", "The passed link contains both forward and back slashes", "",
         "The passed link:  " + theLink, "Called from GetFileFromLink().temp"});
 }
@@ -168,7 +168,7 @@ static Text ClimbFrom(Text theBase, Text theLink)
     std::int64_t levels = 0;
     for (Text above = ParentOf(theBase); above != "0\\"; above = ParentOf(above))
         ++levels;
-    // All "..\" of the link count, wherever they stand, but only the leading ones are climbed. Wanted.
+    // Deliberate: all "..\" of the link count, wherever they stand, but only the leading ones are climbed.
     if (levels < wanted)
         return "0";
     while (BeginsWith(theLink, "..\\")) {
@@ -183,7 +183,7 @@ Text RebaseDottedLink(const Text &theLink)
     Text Result;
     Trap([&] {
         Text link = theLink;
-        const bool hasSlash = Holds(link, "/"), hasBackslash = Holds(link, "\\");
+        const bool hasSlash = Contains(link, "/"), hasBackslash = Contains(link, "\\");
         const bool forward = hasSlash || !hasBackslash;
         if (hasSlash && hasBackslash)
             ShowBothSlashes(link);
@@ -194,16 +194,16 @@ Text RebaseDottedLink(const Text &theLink)
         if (link == ".")  // rooted at nothing: the domain is cut away again. Wanted.
             r = WithoutAsMany(base, DomainName);
         else if (link == "..")
-            // In the site's root the parent is "0\": the count goes negative and the result is empty. Wanted.
+            // Deliberate: in the site's root the parent is "0\": the count goes negative and the result is empty.
             r = WithoutAsMany(ParentOf(base), DomainName);
         else if (BeginsWith(link, "\\"))
             r = DomainName + link;
         else if (BeginsWith(link, ".\\"))
-            // Only the drive is taken away, so the site's own directories end up in the link. Wanted.
+            // Deliberate: only the drive is taken away, so the site's own directories end up in the link.
             r = DomainName + RightPart(PageDirectory(), Len(PageDirectory()) - 2) + RightPart(link, Len(link) - 2);
         else if (BeginsWith(link, "..\\"))
             r = ClimbFrom(base, link);
-        else if (Holds(link, ".") && !isDomainExtensionInLink(link))
+        else if (Contains(link, ".") && !isDomainExtensionInLink(link))
             r = PageSubdirectory();  // without the link's own name. Wanted.
         Result = forward ? ReplaceText(r, "\\", "/") : r;
     });
@@ -224,17 +224,17 @@ Text AllAfterSiteRootNet(const Text &theLink, Flag KEEPEXTRA)
         else if (s == "..")
             Result = WithoutAsMany(ParentOf(PageDirectory()), LocalSiteDir);
         else if (BeginsWith(s, ".\\"))
-            // A full path, with a backslash behind the file's name. Wanted.
+            // Deliberate: a full path, with a backslash behind the file's name.
             Result = PageDirectory() + AddTrailingSlash(RightPart(s, Len(s) - 2));
         else if (BeginsWith(s, "..\\")) {
-            // Dropped, not climbed. Wanted.
+            // Deliberate: dropped, not climbed.
             while (BeginsWith(s, "..\\"))
                 s = RightPart(s, Len(s) - 3);
             Result = s;
-        } else if (Holds(s, ".") && !isDomainExtensionInLink(s))
-            // A plain link's own directories are lost: it is looked for beside the page. Wanted.
+        } else if (Contains(s, ".") && !isDomainExtensionInLink(s))
+            // Deliberate: a plain link's own directories are lost: it is looked for beside the page.
             Result = PageSubdirectory();
-        // In all other cases the link stays as it came, with its head. Wanted.
+        // Deliberate: in all other cases the link stays as it came, with its head.
     });
     return Result;
 }
@@ -245,7 +245,7 @@ Text LocalPathOfLink(const Text &theLink)
     Trap([&] {
         // The second strip finds nothing any more.
         const Text base = StripFromEnds(StripFromEnds(LocalSiteDir, "\\", 0), "\\", 0);
-        // No separator between them: a remainder without one runs into the directory's name. Wanted.
+        // Deliberate: no separator between them: a remainder without one runs into the directory's name.
         Result = base + AllAfterSiteRootNet(theLink, 0);
     });
     return Result;
@@ -276,8 +276,8 @@ std::int16_t isLinkInternal(const Text &theLink, const Text &theTag)
         if (isLinkTrash(theTag))
             return;
         Text link = LowerText(theLink);
-        if (Holds(link, "/")) {
-            if (Holds(link, "\\"))
+        if (Contains(link, "/")) {
+            if (Contains(link, "\\"))
                 ShowBothSlashes(link);
             link = ReplaceText(link, "/", "\\");
         }
@@ -288,11 +288,11 @@ std::int16_t isLinkInternal(const Text &theLink, const Text &theTag)
         const std::int64_t domain = FindText(1, link, LowerText(DomainName));
         if (domain > 0) {
             const std::int64_t query = FindText(1, link, "?"), anchor = FindText(1, link, "#");
-            // A domain that stands only behind the query or the anchor makes the link neither kind. Wanted.
+            // Deliberate: a domain that stands only behind the query or the anchor makes the link neither kind.
             const bool isInFront = (query == 0 && anchor == 0) || domain < query || domain < anchor;
             Result = isInFront ? -1 : 0;
-        } else if (Holds(link, "."))
-            // A host whose ending the list lacks counts as a file of the site. Wanted.
+        } else if (Contains(link, "."))
+            // Deliberate: a host whose ending the list lacks counts as a file of the site.
             Result = isDomainExtensionInLink(link) ? 1 : -1;
     });
     return Result;

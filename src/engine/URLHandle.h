@@ -1,7 +1,7 @@
 // The reading of links from the page in hand, and the rules that tell them apart. All of it works on text.
 // The backslash form of a link has every "/" replaced by "\".
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 // The tag around a position in RichTextBox2, from the nearest "<" before to the next ">", closed up around "=". Has no
 // trap: without a "<" before the position it fails.

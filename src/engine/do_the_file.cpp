@@ -26,7 +26,7 @@ struct PageInHand {
     std::int64_t TagEnd = 0;            // the ">" of the last tag of any kind that was classified
     Text Tag, Link;
     // Never cleared between links: one link above the root makes the plain links after it broken too, until a dotted
-    // one is rebased well. Wanted.
+    // Deliberate: one is rebased well.
     Text RebasedLink;
 };
 
@@ -51,7 +51,7 @@ void TreatExternalLink(const PageInHand &thePage)
 
 void TreatMediaLink()
 {
-    // Always the first row, whatever the extension: nothing says which row it was. Wanted.
+    // Deliberate: always the first row, whatever the extension: nothing says which row it was.
     auto &counts = frmLists::lstMediaLinksCnt;
     counts.SetList(0, NumberText(NumberAtStart(counts.List(0)) + 1));
     AddToCount(lblLinksMedia);
@@ -61,7 +61,8 @@ void TreatMediaLink()
 void AssembleUpTo(PageInHand &thePage, const Text &theNewTag)
 {
     const Text &source = frmLists::RichTextBox1.Text;
-    // Two good links that share one "<" make the count negative: the run fails, since nothing traps it here. Wanted.
+    // Deliberate: two good links that share one "<" make the count negative: the run fails, since nothing traps it
+    // here.
     const Text before = thePage.IsFirstLink ? LeftPart(source, thePage.TagStart - 1)
                                             : MidPart(source, thePage.LastRewrittenEnd + 1,
                                                   thePage.TagStart - 1 - thePage.LastRewrittenEnd);
@@ -119,7 +120,7 @@ void TreatLink(PageInHand &thePage)
         TreatExternalLink(thePage);
     if (linkKind != -1)
         return;
-    // The test gets the backslash form, the copy below the link's own slashes: they may look in two places. Wanted.
+    // Deliberate: the test gets the backslash form, the copy below the link's own slashes: they may look in two places.
     if (isLinkBroken(linkBackslashed) == 2)
         TreatBrokenLink(thePage);
     else if (isLinkMedia(thePage.Link) == 3)
@@ -138,7 +139,7 @@ Text RelativeDirectory()
 void FinishPage(const PageInHand &thePage)
 {
     // Begins at the ">" of the last tag of any kind, while the pieces end with the last rewritten one: the ">" stands
-    // twice, or all that lies between the two tags is gone; with no rewritten tag, all that lies before. Wanted.
+    // Deliberate: twice, or all that lies between the two tags is gone; with no rewritten tag, all that lies before.
     const Text &source = frmLists::RichTextBox1.Text;
     AppendLineToFile(frmTheFile::rtb2, "", RightPart(source, Len(source) - thePage.TagEnd + 1));
     const Text relativeDir = RelativeDirectory();

@@ -6,12 +6,13 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "core/frmLists.h"
+#include "disk/Files.h"
 #include "engine/do_the_file.h"
 #include "engine/frmTheFile.h"
 #include "report/GenerateReport.h"
 #include "report/frmGeneratingReport.h"
 #include "report/frmReport.h"
-#include "toolkit/HostFiles.h"
+#include "toolkit/Pickers.h"
 #include "wizard/HelpBox.h"
 #include "wizard/ScreenLook.h"
 #include "wizard/frmFilters.h"
@@ -25,62 +26,83 @@ void hlpLinksExternal_Click(), hlpLinksBroken_Click(), Image1_Click(), Image2_Cl
 
 Form Me{"frmProcess", {.Load = Form_Load}};
 MenuBar Menu{Me, FullMenu<Menu>()};
-Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Expanding Your Site", .Style = Look::Title}};
+Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Expanding Your Site", .Style = TextStyle::Title}};
 
-Label Label2{Me, "Label2", {.At = {24, 58, 130, 18}, .Caption = "Project Name:", .Style = Look::Dim}};
-Label lblProjName{Me, "lblProjName", {.At = {158, 58, 418, 18}, .Style = Look::Value}};
-Label Label3{Me, "Label3", {.At = {24, 78, 130, 18}, .Caption = "Original site:", .Style = Look::Dim}};
-Label lblOrigSiteDir{Me, "lblOrigSiteDir", {.At = {158, 78, 418, 18}, .Style = Look::Value}};
-Label Label4{Me, "Label4", {.At = {24, 98, 130, 18}, .Caption = "New site:", .Style = Look::Dim}};
-Label lblNewSiteDir{Me, "lblNewSiteDir", {.At = {158, 98, 418, 18}, .Style = Look::Value}};
-Label Label5{Me, "Label5", {.At = {24, 118, 130, 18}, .Caption = "Domain name:", .Style = Look::Dim}};
-Label lblDomainName{Me, "lblDomainName", {.At = {158, 118, 418, 18}, .Style = Look::Value}};
-Label Label6{Me, "Label6", {.At = {24, 138, 130, 18}, .Caption = "Total Keywords:", .Style = Look::Dim}};
-Label lblTotalKeywords{Me, "lblTotalKeywords", {.At = {158, 138, 418, 18}, .Style = Look::Value}};
-Label Label7{Me, "Label7", {.At = {24, 164, 130, 18}, .Caption = "Current file:", .Style = Look::Dim}};
+Label Label2{Me, "Label2", {.At = {24, 58, 130, 18}, .Caption = "Project Name:", .Style = TextStyle::Dim}};
+Label lblProjName{Me, "lblProjName", {.At = {158, 58, 418, 18}, .Style = TextStyle::Value}};
+Label Label3{Me, "Label3", {.At = {24, 78, 130, 18}, .Caption = "Original site:", .Style = TextStyle::Dim}};
+Label lblOrigSiteDir{Me, "lblOrigSiteDir", {.At = {158, 78, 418, 18}, .Style = TextStyle::Value}};
+Label Label4{Me, "Label4", {.At = {24, 98, 130, 18}, .Caption = "New site:", .Style = TextStyle::Dim}};
+Label lblNewSiteDir{Me, "lblNewSiteDir", {.At = {158, 98, 418, 18}, .Style = TextStyle::Value}};
+Label Label5{Me, "Label5", {.At = {24, 118, 130, 18}, .Caption = "Domain name:", .Style = TextStyle::Dim}};
+Label lblDomainName{Me, "lblDomainName", {.At = {158, 118, 418, 18}, .Style = TextStyle::Value}};
+Label Label6{Me, "Label6", {.At = {24, 138, 130, 18}, .Caption = "Total Keywords:", .Style = TextStyle::Dim}};
+Label lblTotalKeywords{Me, "lblTotalKeywords", {.At = {158, 138, 418, 18}, .Style = TextStyle::Value}};
+Label Label7{Me, "Label7", {.At = {24, 164, 130, 18}, .Caption = "Current file:", .Style = TextStyle::Dim}};
 Label lblCurrentFile{
-    Me, "lblCurrentFile", {.At = {158, 164, 418, 18}, .Caption = "CurrentFile.htm", .Style = Look::Value}};
+    Me, "lblCurrentFile", {.At = {158, 164, 418, 18}, .Caption = "CurrentFile.htm", .Style = TextStyle::Value}};
 
 Label Label8{Me, "Label8", {.At = {24, 204, 130, 18}, .Caption = "Files Processed"}};
-Label lblFilesCnt{Me, "lblFilesCnt", {.At = {158, 198, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Label lblFilesCnt{Me, "lblFilesCnt", {.At = {158, 198, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
 Image hlpFilesProcessed{Me, "hlpFilesProcessed",
-    {.At = {258, 202, 22, 22}, .Says = "Help: Files Processed", .Click = hlpFilesProcessed_Click}};
+    {.At = {258, 202, 22, 22},
+        .AccessibleName = "Help: Files Processed",
+        .As = Role::Help,
+        .Click = hlpFilesProcessed_Click}};
 Label Label9{Me, "Label9", {.At = {24, 244, 130, 18}, .Caption = "Pages Added"}};
-Label lblPagesAdded{Me, "lblPagesAdded", {.At = {158, 238, 92, 30}, .Caption = "0", .Style = Look::Counter}};
-Image hlpPagesAdded{
-    Me, "hlpPagesAdded", {.At = {258, 242, 22, 22}, .Says = "Help: Pages Added", .Click = hlpPagesAdded_Click}};
+Label lblPagesAdded{Me, "lblPagesAdded", {.At = {158, 238, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
+Image hlpPagesAdded{Me, "hlpPagesAdded",
+    {.At = {258, 242, 22, 22}, .AccessibleName = "Help: Pages Added", .As = Role::Help, .Click = hlpPagesAdded_Click}};
 Label Label10{Me, "Label10", {.At = {24, 284, 130, 18}, .Caption = "Keywords Added"}};
-Label lblKeywordsAdded{Me, "lblKeywordsAdded", {.At = {158, 278, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+Label lblKeywordsAdded{Me, "lblKeywordsAdded", {.At = {158, 278, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
 Image hlpKeywordsAdded{Me, "hlpKeywordsAdded",
-    {.At = {258, 282, 22, 22}, .Says = "Help: Keywords Added", .Click = hlpKeywordsAdded_Click}};
+    {.At = {258, 282, 22, 22},
+        .AccessibleName = "Help: Keywords Added",
+        .As = Role::Help,
+        .Click = hlpKeywordsAdded_Click}};
 Label Label11{Me, "Label11", {.At = {24, 324, 130, 18}, .Caption = "Internal Links"}};
 Label lblLinksInternalCnt{
-    Me, "lblLinksInternalCnt", {.At = {158, 318, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+    Me, "lblLinksInternalCnt", {.At = {158, 318, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
 Image hlpLinksInternal{Me, "hlpLinksInternal",
-    {.At = {258, 322, 22, 22}, .Says = "Help: Internal Links", .Click = hlpLinksInternal_Click}};
+    {.At = {258, 322, 22, 22},
+        .AccessibleName = "Help: Internal Links",
+        .As = Role::Help,
+        .Click = hlpLinksInternal_Click}};
 Label Label12{Me, "Label12", {.At = {320, 204, 130, 18}, .Caption = "External Links"}};
 Label lblLinksExternalCnt{
-    Me, "lblLinksExternalCnt", {.At = {454, 198, 92, 30}, .Caption = "0", .Style = Look::Counter}};
+    Me, "lblLinksExternalCnt", {.At = {454, 198, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
 Image hlpLinksExternal{Me, "hlpLinksExternal",
-    {.At = {554, 202, 22, 22}, .Says = "Help: External Links", .Click = hlpLinksExternal_Click}};
+    {.At = {554, 202, 22, 22},
+        .AccessibleName = "Help: External Links",
+        .As = Role::Help,
+        .Click = hlpLinksExternal_Click}};
 Label Label13{Me, "Label13", {.At = {320, 244, 130, 18}, .Caption = "Broken Links"}};
-Label lblLinksBrokenCnt{Me, "lblLinksBrokenCnt", {.At = {454, 238, 92, 30}, .Caption = "0", .Style = Look::Counter}};
-Image hlpLinksBroken{
-    Me, "hlpLinksBroken", {.At = {554, 242, 22, 22}, .Says = "Help: Broken Links", .Click = hlpLinksBroken_Click}};
+Label lblLinksBrokenCnt{
+    Me, "lblLinksBrokenCnt", {.At = {454, 238, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
+Image hlpLinksBroken{Me, "hlpLinksBroken",
+    {.At = {554, 242, 22, 22},
+        .AccessibleName = "Help: Broken Links",
+        .As = Role::Help,
+        .Click = hlpLinksBroken_Click}};
 Label Label14{Me, "Label14", {.At = {320, 284, 130, 18}, .Caption = "Media Files"}};
-Label lblMediaFilesFound{Me, "lblMediaFilesFound", {.At = {454, 278, 92, 30}, .Caption = "0", .Style = Look::Counter}};
-Image Image1{Me, "Image1", {.At = {554, 282, 22, 22}, .Says = "Help: Media Files", .Click = Image1_Click}};
+Label lblMediaFilesFound{
+    Me, "lblMediaFilesFound", {.At = {454, 278, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
+Image Image1{Me, "Image1",
+    {.At = {554, 282, 22, 22}, .AccessibleName = "Help: Media Files", .As = Role::Help, .Click = Image1_Click}};
 Label Label15{Me, "Label15", {.At = {320, 324, 130, 18}, .Caption = "Media Links"}};
-Label lblLinksMedia{Me, "lblLinksMedia", {.At = {454, 318, 92, 30}, .Caption = "0", .Style = Look::Counter}};
-Image Image2{Me, "Image2", {.At = {554, 322, 22, 22}, .Says = "Help: Media Links", .Click = Image2_Click}};
+Label lblLinksMedia{Me, "lblLinksMedia", {.At = {454, 318, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
+Image Image2{Me, "Image2",
+    {.At = {554, 322, 22, 22}, .AccessibleName = "Help: Media Links", .As = Role::Help, .Click = Image2_Click}};
 
 // Two pairs of buttons, each on one spot.
-Image btnPause{Me, "btnPause", {.At = {362, 372, 104, 34}, .Says = "Pause", .Click = btnPause_Click}};
-Image btnResume{
-    Me, "btnResume", {.At = {362, 372, 104, 34}, .Says = "Resume", .Visible = false, .Click = btnResume_Click}};
-Image btnCancel{Me, "btnCancel", {.At = {472, 372, 104, 34}, .Says = "Cancel", .Click = btnCancel_Click}};
-Image btnReport{
-    Me, "btnReport", {.At = {472, 372, 104, 34}, .Says = "Report", .Visible = false, .Click = btnReport_Click}};
+Image btnPause{Me, "btnPause",
+    {.At = {362, 372, 104, 34}, .AccessibleName = "Pause", .As = Role::Primary, .Click = btnPause_Click}};
+Image btnResume{Me, "btnResume",
+    {.At = {362, 372, 104, 34}, .AccessibleName = "Resume", .Visible = false, .Click = btnResume_Click}};
+Image btnCancel{Me, "btnCancel",
+    {.At = {472, 372, 104, 34}, .AccessibleName = "Cancel", .As = Role::Cancel, .Click = btnCancel_Click}};
+Image btnReport{Me, "btnReport",
+    {.At = {472, 372, 104, 34}, .AccessibleName = "Report", .Visible = false, .Click = btnReport_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 
 DirList Dir1{Me, "Dir1", {.Change = Dir1_Change}};
@@ -123,7 +145,7 @@ static void RefuseOwnProject(const Text &theDir)
     const Text project = InProgramDir(ProjectNumber);
     if (ProjectNumber.empty())
         Fail("No project was chosen. Please create a project or load one", "Timer1");
-    if (HostFiles::ReallyLiesIn(theDir, project) || HostFiles::ReallyLiesIn(project, LocalSiteDir))
+    if (Files::IsReallyInside(theDir, project) || Files::IsReallyInside(project, LocalSiteDir))
         Fail("The site's directory and the directory of the new site lie in one another. Please choose a directory "
              "that holds the files of your site alone",
             theDir);
@@ -139,9 +161,9 @@ void Timer1_Timer()
     for (const char *name :
         {"ExternalLinksFiles.sav", "ExternalLinksLinks.sav", "BrokenLinksFiles.sav", "BrokenLinksLinks.sav"})
         if (const Text file = InStoreDir(name); ifFileExists(file))
-            HostFiles::Delete(file);
+            Files::Delete(file);
     SiteWalk();
-    // A cancelled walk comes here in the same way and gets its report. Wanted.
+    // Deliberate: a cancelled walk comes here in the same way and gets its report.
     Timer1.Enabled = false;
     btnReport.Visible = true;
     btnPause.Visible = false;
@@ -169,7 +191,7 @@ void AddToCount(Label &theLabel, double theNumber)
     theLabel.Caption = NumberText(NumberAtStart(theLabel.Caption) + theNumber);
 }
 
-// The last three letters decide, with no regard for the point: "tml" is the row that lets ".html" pass. Wanted.
+// Deliberate: the last three letters decide, with no regard for the point: "tml" is the row that lets ".html" pass.
 static bool EndsInRow(const Text &theFile, const Text &theRow)
 {
     return EqualsIgnoringCase(RightPart(theFile, 3), theRow);
@@ -248,7 +270,7 @@ std::int16_t GetDirLevel(const Text &thePath, int WhichSite)
     Trap([&] {
         const Text path = ifDirExists(thePath) ? AddTrailingSlash(thePath) : thePath;
         const Text base = WhichSite == 1 ? InProgramDir(AddTrailingSlash(ProjectNumber)) : LocalSiteDir;
-        // As many characters as the base has are cut off, whatever they are. Wanted.
+        // Deliberate: as many characters as the base has are cut off, whatever they are.
         Result = StrCount(RightPart(path, Len(path) - Len(base)), "\\");
     });
     return Result;

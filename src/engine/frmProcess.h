@@ -1,6 +1,7 @@
 // Runs an expansion and shows its tallies.
 #pragma once
 #include "toolkit/Controls.h"
+#include "toolkit/Pickers.h"
 #include "wizard/MenuBar.h"
 
 namespace frmProcess

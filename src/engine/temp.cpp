@@ -5,9 +5,10 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "core/frmLists.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
-#include "toolkit/HostFiles.h"
 #include <algorithm>
 #include <functional>
 #include <unordered_set>
@@ -18,7 +19,7 @@ static Text LastElement(const Text &thePath)
     return RightPart(thePath, Len(thePath) - FindLastText(thePath, "\\"));
 }
 
-// A second writer of the label that counts broken links: it then shows whichever wrote last. Wanted.
+// Deliberate: a second writer of the label that counts broken links: it then shows whichever wrote last.
 static void RaiseBrokenLinksTally()
 {
     ++BrokenLinksTally;
@@ -32,7 +33,7 @@ static Text IndexFileOfDirectory(const Text &theLink)
     const Text found = ScanForAnIndexFile(AddTrailingSlash(LocalPathOfLink(theLink)));
     if (LowerText(LeftPart(found, 5)) != "*err*")
         return LastElement(found);
-    // Only here is a missing directory counted; the other scans let the error through. Wanted.
+    // Deliberate: only here is a missing directory counted; the other scans let the error through.
     if (NumberAtStart(RightPart(found, Len(found) - 5)) == 3)
         RaiseBrokenLinksTally();
     return found;
@@ -46,9 +47,9 @@ static Text FileOfLink(const Text &theLink, Flag wantDir, Flag wantFile)
             return "";
         return wantFile < 1 ? theLink : IndexFileOfDirectory(theLink);
     }
-    if (Holds(theLink, "\\")) {
+    if (Contains(theLink, "\\")) {
         const Text last = LastElement(theLink);
-        if (Holds(last, "."))
+        if (Contains(last, "."))
             return last;
         if (wantFile < 1)
             return "";
@@ -57,7 +58,7 @@ static Text FileOfLink(const Text &theLink, Flag wantDir, Flag wantFile)
             isPath ? theLink : AddTrailingSlash(LocalSiteDir) + StripFromEnds(AllAfterSiteRootNet(theLink, 0), "\\", 1);
         return LastElement(ScanForAnIndexFile(AddTrailingSlash(directory)));
     }
-    if (!Holds(theLink, ".")) {
+    if (!Contains(theLink, ".")) {
         if (wantFile < 1)
             return "";
         ScanForAnIndexFile(theLink + "\\");  // for its messages alone; the file stays the link. Wanted.
@@ -66,12 +67,12 @@ static Text FileOfLink(const Text &theLink, Flag wantDir, Flag wantFile)
     if (theLink == "." || theLink == "..") {
         if (wantFile <= 0)
             return "";
-        // Neither is a path that can be scanned: its messages show and the error becomes the file. Wanted.
+        // Deliberate: neither is a path that can be scanned: its messages show and the error becomes the file.
         return ScanForAnIndexFile(theLink == "." ? "\\" : "0\\");
     }
     // Links are lower-case and DomainName is not lowered: one with a capital letter is never found, and the bare domain
-    // then counts as a file. Wanted.
-    if (!Holds(theLink, DomainName))
+    // Deliberate: then counts as a file.
+    if (!Contains(theLink, DomainName))
         return theLink;
     return wantFile < 1 ? "" : LastElement(ScanForAnIndexFile(AddTrailingSlash(LocalPathOfLink(theLink))));
 }
@@ -83,16 +84,16 @@ Text GetFileFromLink(const Text &theLink, Flag wantDir, Flag wantFile)
         if (theLink.empty())
             return;
         Text link = theLink;
-        // A "?" wins even when a "#" stands before it. Wanted.
+        // Deliberate: a "?" wins even when a "#" stands before it.
         std::int64_t cut = FindText(1, link, "?");
         if (cut == 0)
             cut = FindText(1, link, "#");
         if (cut > 0)
             link = LeftPart(link, cut - 1);
         Count16(Len(link));
-        const bool forward = Holds(link, "/");
+        const bool forward = Contains(link, "/");
         if (forward) {
-            if (Holds(link, "\\"))
+            if (Contains(link, "\\"))
                 ShowBothSlashes(link);
             link = ReplaceText(link, "/", "\\");
         }
@@ -127,7 +128,7 @@ static void AddWords(Text &theName, const ListBox &theSource, const std::functio
 {
     const int count = theSource.ListCount();
     const auto mayAdd = [&](const Text &theWord) {
-        // Looked for in the whole name, digits included: after "rates" the word "rate" is refused. Wanted.
+        // Deliberate: looked for in the whole name, digits included: after "rates" the word "rate" is refused.
         return FindText(1, theName, theWord, true) == 0 && theRule(theWord);
     };
     std::int64_t refused = 0;
@@ -155,12 +156,12 @@ Text MakeKeywordedFileName(const Text &theFileName)
     Text Result;
     Trap([&] {
         const std::int64_t n = Len(theFileName);
-        // Without a point the whole name is the extension. Wanted.
+        // Deliberate: without a point the whole name is the extension.
         const Text extension = RightPart(theFileName, n - FindLastText(theFileName, ".") + 1);
         FileNameNumber = PadNumberLeft(static_cast<std::int32_t>(GetRandomNumber(999999)), 6);
         Text name = FileNameNumber;
         KeywordsInFileName = 0;
-        // Held against the length of the name, and lowered for good: one short name serves all later ones. Wanted.
+        // Deliberate: held against the length of the name, and lowered for good: one short name serves all later ones.
         if (KeywordsPerFilename > static_cast<double>(n))
             KeywordsPerFilename = static_cast<double>(n);
         if (!UsingQuillmark)
@@ -183,11 +184,11 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
         const Text head = LeftPart(tag, FindText(1, tag, link) - 1);
         const Text rest = RightPart(tag, Len(tag) - Len(head) - Len(link));
         const std::int16_t fileLen = Count16(Len(theFile));
-        const bool forward = Holds(link, "/");
-        // The other kind than the link's own: "/" where it holds none. Wanted.
+        const bool forward = Contains(link, "/");
+        // Deliberate: the other kind than the link's own: "/" where it holds none.
         const Text separator = forward ? "\\" : "/";
         if (forward) {
-            if (Holds(link, "\\"))
+            if (Contains(link, "\\"))
                 ShowMessageLines(
                     {"Houston, we have a problem.", "The passed tag contains both forward and back slashes", "",
                         "The passed tag:  " + tag, "Called from GetFileFromLink().temp"});
@@ -213,10 +214,10 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
                               "scanned-for index.htm type of file",
                 "", "InsertFilenameIntoLink().temp"});
         // The file's length is taken off also where it doesn't stand in the link: the count goes negative, the result
-        // is empty and the tag drops out of the page. Wanted.
+        // Deliberate: is empty and the tag drops out of the page.
         const Text tail = RightPart(link, Len(link) - Len(dirPart) - fileLen + extra);
         const Text newTag = head + dirPart + newFile + tail + rest;
-        // In the whole tag, its other text included. Wanted.
+        // Deliberate: in the whole tag, its other text included.
         Result = forward ? ReplaceText(newTag, "\\", "/") : newTag;
     });
     return Result;
@@ -260,8 +261,8 @@ std::int16_t CreateNewlyKeywordedFile(const Text &theLink, const Text &newFile, 
         // A link may climb by ".." behind its domain: what lies outside the site or the project, or is reached by way
         // of there, isn't there; though isLinkBroken may have found it.
         const bool isInside =
-            !ClimbsOut(LinkSubDir) && HostFiles::LiesIn(source, LocalSiteDir) && HostFiles::LiesIn(target, project);
-        // The tag already holds the first name, so after a collision the link and the copy disagree. Wanted.
+            !ClimbsOut(LinkSubDir) && Paths::IsInside(source, LocalSiteDir) && Paths::IsInside(target, project);
+        // Deliberate: the tag already holds the first name, so after a collision the link and the copy disagree.
         while (isInside && ifFileExists(target)) {
             name = NewNumberInFileName(name);
             if (name.empty())

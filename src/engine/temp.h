@@ -1,6 +1,6 @@
 // What a link names, and the new pages: their names, their links, their files.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 // With wantFile 1 and wantDir 0 the bare name of the file that theLink leads to, found by a scan for an index file
 // where the link names a directory ("*err*3" where that isn't there); with wantDir 1 and wantFile 0 the link up to that

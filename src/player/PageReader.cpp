@@ -1,7 +1,8 @@
 #include "player/PageReader.h"
 #include "core/TextOps.h"
 #include "core/Utils.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 
 static Text Between(const Text &thePage, const Text &theHead, const Text &theTail, std::int64_t &thePos)
 {
@@ -82,7 +83,7 @@ Text AddressOfLink(const Text &thePage, const Text &theText)
 Text AddressFrom(const Text &thePage, const Text &theAddress)
 {
     const Text address = theAddress.substr(0, theAddress.find_first_of("#?"));
-    if (Holds(address, "://") || MidPart(address, 2, 1) == ":" || Holds(thePage, "://"))
+    if (Contains(address, "://") || MidPart(address, 2, 1) == ":" || Contains(thePage, "://"))
         return address;
-    return HostFiles::Plain(LeftPart(thePage, FindLastText(thePage, "\\")) + ReplaceText(address, "/", "\\"));
+    return Paths::Normalize(LeftPart(thePage, FindLastText(thePage, "\\")) + ReplaceText(address, "/", "\\"));
 }

@@ -1,6 +1,6 @@
 // What the player's browser knows of a page: its title and its links.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 
 // The text of the page's title, empty when it has none.
 Text TitleOfPage(const Text &thePage);

@@ -1,7 +1,9 @@
 #include "player/Player.h"
 #include "core/TextOps.h"
+#include "disk/Files.h"
+#include "disk/PendingWrites.h"
 #include "player/PageReader.h"
-#include "toolkit/HostFiles.h"
+#include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <algorithm>
 #include <cstdlib>
@@ -32,7 +34,7 @@ void Player::Say(const Text &theWhat, const Text &theText)
 
 int Player::Play(Form &theFirstForm)
 {
-    Present(this);
+    SetPresentation(this);
     StartProgram(theFirstForm);
     while (!hasEnded) {
         PlayLines();
@@ -54,17 +56,18 @@ int Player::Play(Form &theFirstForm)
 void Player::Finish()
 {
     if (!hasEnded)
-        HostFiles::Settle();
+        PendingWrites::Flush();
     for (const auto &[text, count] : boxes)
         if (count > 1)
             Say("boxes", "shown " + std::to_string(count) + " times: " + text.substr(0, text.find('\r')));
     std::cout.flush();
 }
 
-void Player::StopAt(const Deed &theDeed, int theCode, const Text &theWhy)
+void Player::StopAt(const Action &theAction, int theCode, const Text &theWhy)
 {
     std::cout.flush();
-    std::cerr << "line " << theDeed.Line << ": " << theDeed.Verb << ' ' << theDeed.All() << ": " << theWhy << '\n';
+    std::cerr << "line " << theAction.Line << ": " << theAction.Verb << ' ' << theAction.All() << ": " << theWhy
+              << '\n';
     Finish();
     // From wherever the program stands: a user who gives up doesn't wait for it either.
     std::_Exit(theCode);
@@ -157,7 +160,7 @@ void Player::WaitEvents()
     DoEvents();
     idleWaits = next == before ? idleWaits + 1 : 0;
     if (!hasEnded && idleWaits > patience) {
-        std::cerr << "the program waits for a deed that the script doesn't hold\n";
+        std::cerr << "the program waits for a action that the script doesn't hold\n";
         Finish();
         std::_Exit(endScript);
     }
@@ -167,20 +170,20 @@ void Player::PlayLines()
 {
     while (!hasEnded && next < script.size() && !IsHeldBack(script[next])) {
         // Past the line before it is done: its handler may yield, and the lines behind it are played there.
-        const Deed deed = script[next++];
-        Do(deed);
+        const Action action = script[next++];
+        Do(action);
     }
 }
 
-bool Player::IsHeldBack(const Deed &theDeed)
+bool Player::IsHeldBack(const Action &theAction)
 {
-    if (theDeed.Verb == "wait") {
+    if (theAction.Verb == "wait") {
         // Asked at every yield, so the screen is looked up once.
-        if (!awaited || theDeed.Target != awaited->Name)
-            awaited = FindForm(theDeed.Target);
+        if (!awaited || theAction.Target != awaited->Name)
+            awaited = FindForm(theAction.Target);
         return !awaited || !awaited->Visible;
     }
-    return theDeed.Verb == "at" && static_cast<double>(yields) < NumberAtStart(theDeed.Target);
+    return theAction.Verb == "at" && static_cast<double>(yields) < NumberAtStart(theAction.Target);
 }
 
 int Player::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
@@ -230,16 +233,16 @@ void Player::OpenPage(Browser &theBrowser, const Text &theAddress)
 {
     theBrowser.NowAddress = theAddress;
     BrowserGoes(theBrowser, theAddress);
-    if (Holds(theAddress, "://")) {
+    if (Contains(theAddress, "://")) {
         Say("browser", theAddress + " (a web address, not opened)");
         return;
     }
-    if (!HostFiles::IsFile(theAddress)) {
+    if (!Files::IsFile(theAddress)) {
         Say("browser", theAddress + " (there is no such page)");
         return;
     }
-    const Text title = TitleOfPage(HostFiles::Read(theAddress));
-    Say("browser", theAddress + " \"" + title + "\"\n" + HostFiles::ToHost(theAddress));
+    const Text title = TitleOfPage(Files::Read(theAddress));
+    Say("browser", theAddress + " \"" + title + "\"\n" + Files::ToHost(theAddress));
     BrowserTitled(theBrowser, title);
 }
 

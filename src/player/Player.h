@@ -13,7 +13,7 @@ inline constexpr int endScript = 2;
 class Player final : public Presentation
 {
 public:
-    explicit Player(std::vector<Deed> theScript) : script(std::move(theScript)) {}
+    explicit Player(std::vector<Action> theScript) : script(std::move(theScript)) {}
 
     // Starts the program and plays the script to its end or the program's. Returns the exit code.
     int Play(Form &theFirstForm);
@@ -27,7 +27,7 @@ public:
     void Focus(Control &) override {}
     void DoEvents() override;
     void WaitEvents() override;
-    void ShowNow() override {}
+    void PaintNow() override {}
     int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle) override;
     Text OpenFile(const Text &theFilter) override;
     void Beep() override;
@@ -47,21 +47,21 @@ private:
     };
 
     void PlayLines();
-    bool IsHeldBack(const Deed &theDeed);
-    void Do(const Deed &theDeed);
-    void DoTo(const Deed &theDeed, Element &theElement);
-    void Follow(const Deed &theDeed);
-    void LookAtFile(const Deed &theDeed);
-    void ShowAll(const Deed &theDeed);
-    void NeedPossible(const Deed &theDeed, bool wasPossible);
-    [[noreturn]] void StopAt(const Deed &theDeed, int theCode, const Text &theWhy);
+    bool IsHeldBack(const Action &theAction);
+    void Do(const Action &theAction);
+    void DoTo(const Action &theAction, Element &theElement);
+    void Follow(const Action &theAction);
+    void LookAtFile(const Action &theAction);
+    void ShowAll(const Action &theAction);
+    void NeedPossible(const Action &theAction, bool wasPossible);
+    [[noreturn]] void StopAt(const Action &theAction, int theCode, const Text &theWhy);
     void FindTimers();
     void TickDueTimers();
     bool AdvanceToNextTimer();
     void OpenPage(Browser &theBrowser, const Text &theAddress);
     void Finish();
 
-    std::vector<Deed> script;
+    std::vector<Action> script;
     std::size_t next = 0;
     long yields = 0;
     long idleWaits = 0;  // in a row, with no line played

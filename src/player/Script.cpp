@@ -1,5 +1,6 @@
 #include "player/Script.h"
 #include "core/TextOps.h"
+#include "toolkit/Pickers.h"
 
 static Text Trimmed(const Text &theText)
 {
@@ -16,9 +17,9 @@ static Text TakeWord(Text &theRest)
     return Result;
 }
 
-std::vector<Deed> ReadScript(std::istream &theInput)
+std::vector<Action> ReadScript(std::istream &theInput)
 {
-    std::vector<Deed> Result;
+    std::vector<Action> Result;
     Text line;
     for (int number = 1; std::getline(theInput, line); ++number) {
         if (Trimmed(line).starts_with('#'))
@@ -26,10 +27,10 @@ std::vector<Deed> ReadScript(std::istream &theInput)
         Text rest = Trimmed(line.substr(0, line.find("  #")));
         if (rest.empty())
             continue;
-        Deed deed{number, TakeWord(rest), {}, {}};
-        deed.Target = TakeWord(rest);
-        deed.Rest = rest;
-        Result.push_back(deed);
+        Action action{number, TakeWord(rest), {}, {}};
+        action.Target = TakeWord(rest);
+        action.Rest = rest;
+        Result.push_back(action);
     }
     return Result;
 }

@@ -1,10 +1,10 @@
-// A script of a user's deeds, a line a deed.
+// A script of a user's actions, a line a action.
 #pragma once
 #include "toolkit/Controls.h"
 #include <istream>
 #include <vector>
 
-struct Deed {
+struct Action {
     int Line;
     Text Verb;
     Text Target;  // first word behind the verb
@@ -14,7 +14,7 @@ struct Deed {
 };
 
 // Reads a script. Blank lines are passed over; "#" at the start of a line, or behind two blanks, begins a comment.
-std::vector<Deed> ReadScript(std::istream &theInput);
+std::vector<Action> ReadScript(std::istream &theInput);
 
 // The screen of that name, null when there is none.
 Form *FindForm(const Text &theName);

@@ -5,12 +5,13 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "core/frmLists.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 #include "engine/RouteNav.h"
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
 #include "report/Records.h"
 #include "report/frmGeneratingReport.h"
-#include "toolkit/HostFiles.h"
 
 using frmLists::rtbReport;
 
@@ -32,18 +33,18 @@ static void LoadTemplate(const Text &thePage)
     LoadFileIntoBox(TemplateOf(thePage), rtbReport);
 }
 
-// No value is escaped. Wanted.
+// Deliberate: no value is escaped.
 static void FillIn(const Text &theMarker, const Text &theValue)
 {
     rtbReport.Text = ReplaceText(rtbReport.Text, theMarker, theValue);
 }
 
-// A page whose step doesn't run stays as an earlier run left it, with no link to it. Wanted.
+// Deliberate: a page whose step doesn't run stays as an earlier run left it, with no link to it.
 static void ReplaceResult(const Text &thePage)
 {
     const Text result = InStoreDir(thePage + ".html");
     if (ifFileExists(result))
-        HostFiles::Delete(result);
+        Files::Delete(result);
     WriteTheReport(thePage, rtbReport);
 }
 
@@ -55,10 +56,10 @@ static Text DetailsLink(const Text &thePage)
 static void SetDone(Image &theTick)
 {
     theTick.Picture = PictureOf("chkboxDone.jpg");
-    ShowNow();
+    PaintNow();
 }
 
-// Compared as texts, not as numbers: any count that sorts behind "0" passes. Wanted.
+// Deliberate: compared as texts, not as numbers: any count that sorts behind "0" passes.
 static bool IsAboveZero(const Label &theCount)
 {
     return theCount.Caption.Get() > "0";
@@ -105,7 +106,7 @@ static Text NewSiteValue()
     const Text indexFile = ScanForAnIndexFile(InProgramDir(ProjectNumber + "\\"));
     if (indexFile.empty())
         return newSite;
-    // Without a project directory the link leads to "*err*3". Wanted.
+    // Deliberate: without a project directory the link leads to "*err*3".
     return "<A HREF=\"" + indexFile + "\">" + newSite + "</A>";
 }
 
@@ -114,7 +115,7 @@ static void MakeMainPage(
 {
     using namespace frmProcess;
     LoadTemplate("report");
-    // One after the other over the whole page: a marker inside a value is replaced in its turn. Wanted.
+    // Deliberate: one after the other over the whole page: a marker inside a value is replaced in its turn.
     FillIn("<*thebackground*>", "../imgs/bg_report01.jpg");
     FillIn("<*report_title*>", "../imgs/report_title01.png");
     FillIn("<*reportdetails_title*>", "../imgs/title_project_details.png");
@@ -143,12 +144,12 @@ static void MakeMainPage(
 void GenerateReport()
 {
     // A press of btnReport during a yield runs all this a second time inside itself, and spoils the pages of the first:
-    // both use the same text box, and the counts are gone by then. Wanted.
+    // Deliberate: both use the same text box, and the counts are gone by then.
     frmGeneratingReport::Me.Show();
     frmProcess::Timer2.Enabled = true;
     Text externalDetails, brokenDetails, mediaDetails;
 
-    // The details links of the two are set even where a missing template leaves them leading nowhere. Wanted.
+    // Deliberate: the details links of the two are set even where a missing template leaves them leading nowhere.
     if (IsAboveZero(frmProcess::lblLinksExternalCnt)) {
         externalDetails = DetailsLink("report_linksexternal");
         MakeLinksPage("External", "report_linksexternal", "<!--|||***ExternalLinks***|||-->");
@@ -175,7 +176,7 @@ void GenerateReport()
         LogMissingTemplate("report", "GenerateReport.frmProcess");
     SetDone(frmGeneratingReport::chkboxStatGen);
 
-    frmProcess::Dir1.Path = AddTrailingSlash(HostFiles::ProgramDir()) + AddTrailingSlash(ProjectNumber);
+    frmProcess::Dir1.Path = AddTrailingSlash(Paths::ProgramDir()) + AddTrailingSlash(ProjectNumber);
     RouteNav();
     SetDone(frmGeneratingReport::chkboxRouteNav);
     ReportFinished = true;

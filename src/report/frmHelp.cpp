@@ -24,24 +24,24 @@ ToolBar Toolbar1{Me, "Toolbar1", {.At = {0, 0, 240, 48}},
     {{"Back", "Back", "Go back one page"}, {"Forward", "Forward", "Go forward one page"}},
     Toolbar1_ButtonClick<FinalReportBrowser>};
 Label lblAddress{Me, "lblAddress", {.At = {12, 60, 64, 20}, .Caption = "Address"}};
-TextBox txtAddress{Me, "txtAddress", {.At = {76, 55, 0, 30}, .Says = "Address"}};
+TextBox txtAddress{Me, "txtAddress", {.At = {76, 55, 0, 30}, .AccessibleName = "Address"}};
 Browser FinalReportBrowser{Me, "FinalReportBrowser", {.At = {12, 93, 0, 0}},
     {ShowAddress<txtAddress>, ShowStatus<lblStatusBar>, ShowTitle<Me>}};
-Label lblStatusBar{Me, "lblStatusBar", {.At = {0, 0, 0, 24}, .Style = Look::Status}};
+Label lblStatusBar{Me, "lblStatusBar", {.At = {0, 0, 0, 24}, .Style = TextStyle::Status}};
 
 void Form_Load()
 {
     Trap([] {
         Me.Caption = AppTitle;
         Form_Resize();
-        // Who opens this screen sends it on to the support site at once; there may be no report yet. Wanted.
+        // Deliberate: who opens this screen sends it on to the support site at once; there may be no report yet.
         FinalReportBrowser.Navigate(ReportPage());
     });
 }
 
 void Form_Resize()
 {
-    // The limits are held against the size of frmReport, which comes into being for that, hidden. Wanted.
+    // Deliberate: the limits are held against the size of frmReport, which comes into being for that, hidden.
     Trap([] { SizeControls(Me, frmReport::Me, lblAddress, txtAddress, FinalReportBrowser, lblStatusBar); });
 }
 

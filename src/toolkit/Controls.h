@@ -12,8 +12,23 @@
 #include "toolkit/Form.h"
 #include <memory>
 
-// How a control is drawn; the presentation knows the fonts and colours.
-enum class Look { Body, Title, SubTitle, Dim, Value, Counter, HelpHeading, HelpText, Status, Splash };
+// What a control is for. A presentation derives its shape, its keys, its tip and whether Tab stops at it from this.
+enum class Role {
+    None,
+    Next,       // leads on to the next screen
+    Back,       // leads to the screen before
+    Primary,    // the one thing to press on a screen that has no Next
+    Cancel,     // ends the run
+    Help,       // a help spot
+    HelpText,   // the text of the help box
+    CloseHelp,  // shuts the help box
+    Tile,       // a large button of the main menu
+    Card,       // a picture that fills the upper part of a card
+    Repeat,     // does what an earlier control does, for the mouse alone
+};
+
+// How a control's text is drawn; the presentation knows the fonts and colours.
+enum class TextStyle { Body, Title, SubTitle, Dim, Value, Counter, HelpHeading, HelpText, Status, Splash };
 
 // Where a control stands, in pixels; left and top count from the upper left corner of the screen's body.
 struct Place {
@@ -23,10 +38,11 @@ struct Place {
 // What a visible control is at design and now.
 struct Face {
     Place At = {};
-    Text Caption = {};  // what it shows: a label's caption, a text box's text, a menu item's words
-    Text Says = {};     // what a picture says to who can't see it; also its tip
-    Text Picture = {};  // path of its picture
-    Look Style = Look::Body;
+    Text Caption = {};         // what it shows: a label's caption, a text box's text, a menu item's words
+    Text AccessibleName = {};  // what screen readers call the control; of a picture also its tip
+    Text Picture = {};         // path of its picture
+    TextStyle Style = TextStyle::Body;
+    Role As = Role::None;
     bool Visible = true;
     bool Enabled = true;
     bool Ticked = false;
@@ -34,16 +50,20 @@ struct Face {
     Handler Click = nullptr;
     Handler DblClick = nullptr;
     Handler Change = nullptr;
-    void (*KeyPress)(int &KeyAscii) = nullptr;  // before the key takes effect; 0 swallows it
+    std::function<void(int &KeyAscii)> KeyPress = nullptr;  // before the key takes effect; 0 swallows it
 };
 
 class Control : public Element
 {
 public:
-    Control(Form &theOwner, const char *theName, Face theDesign);
+    Control(Form &theOwner, const char *theName, Face theDesign)
+        : Element(theOwner, theName), Design(std::move(theDesign)), Now(Design)
+    {
+    }
     Face Design, Now;
-    Property<double> Left, Top, Width, Height;
-    Property<bool> Visible, Enabled;
+    Property<double> Left{this, &Now.At.Left}, Top{this, &Now.At.Top}, Width{this, &Now.At.Width},
+        Height{this, &Now.At.Height};
+    Property<bool> Visible{this, &Now.Visible}, Enabled{this, &Now.Enabled};
     // Puts the keyboard's focus on it.
     void SetFocus();
     void Reset() override { Now = Design; }
@@ -52,16 +72,16 @@ public:
 class Label : public Control
 {
 public:
-    Label(Form &theOwner, const char *theName, Face theDesign);
-    Property<Text> Caption;
+    using Control::Control;
+    Property<Text> Caption{this, &Now.Caption};
     const char *Kind() const override { return "label"; }
 };
 
 class TextBox : public Control
 {
 public:
-    TextBox(Form &theOwner, const char *theName, Face theDesign);
-    Property<::Text> Text;
+    using Control::Control;
+    Property<::Text> Text{this, &Now.Caption};
     const char *Kind() const override { return "text box"; }
 };
 
@@ -69,8 +89,8 @@ public:
 class Image : public Control
 {
 public:
-    Image(Form &theOwner, const char *theName, Face theDesign);
-    Property<Text> Picture;
+    using Control::Control;
+    Property<Text> Picture{this, &Now.Picture};
     const char *Kind() const override { return "picture"; }
 };
 
@@ -78,16 +98,16 @@ public:
 class Button : public Control
 {
 public:
-    Button(Form &theOwner, const char *theName, Face theDesign);
-    Property<Text> Caption;
+    using Control::Control;
+    Property<Text> Caption{this, &Now.Caption};
     const char *Kind() const override { return "button"; }
 };
 
 class CheckBox : public Control
 {
 public:
-    CheckBox(Form &theOwner, const char *theName, Face theDesign);
-    Property<bool> Value;
+    using Control::Control;
+    Property<bool> Value{this, &Now.Ticked};
     const char *Kind() const override { return "check box"; }
 };
 
@@ -95,10 +115,13 @@ public:
 class MenuItem : public Control
 {
 public:
-    MenuItem(Form &theOwner, const char *theName, Face theDesign);
-    MenuItem(Form &theOwner, const char *theName, MenuItem &theMenu, Face theDesign);
-    Property<Text> Caption;
-    Property<bool> Checked;
+    using Control::Control;
+    MenuItem(Form &theOwner, const char *theName, MenuItem &theMenu, Face theDesign)
+        : Control(theOwner, theName, std::move(theDesign)), Menu(&theMenu)
+    {
+    }
+    Property<Text> Caption{this, &Now.Caption};
+    Property<bool> Checked{this, &Now.Ticked};
     MenuItem *const Menu = nullptr;
     const char *Kind() const override { return "menu item"; }
 };
@@ -125,7 +148,7 @@ public:
 class ListBox : public Control
 {
 public:
-    ListBox(Form &theOwner, const char *theName, Face theDesign);
+    using Control::Control;
     int ListCount() const;
     // The text of a row; empty when there is no such row.
     const Text &List(std::int64_t theIndex) const;
@@ -159,8 +182,8 @@ private:
 class TextHolder : public Control
 {
 public:
-    TextHolder(Form &theOwner, const char *theName, Face theDesign);
-    Property<::Text> Text;
+    using Control::Control;
+    Property<::Text> Text{this, &Now.Caption};
     const char *Kind() const override { return "text holder"; }
 };
 
@@ -172,110 +195,31 @@ struct TimerValues {
 class Timer : public Element
 {
 public:
-    Timer(Form &theOwner, const char *theName, TimerValues theDesign);
+    Timer(Form &theOwner, const char *theName, TimerValues theDesign)
+        : Element(theOwner, theName), Design(std::move(theDesign)), Now(Design)
+    {
+    }
     TimerValues Design, Now;
-    Property<int> Interval;
-    Property<bool> Enabled;
+    Property<int> Interval{this, &Now.Interval};
+    Property<bool> Enabled{this, &Now.Enabled};
     bool Running = false;  // its handler has been entered and has not come back
     const char *Kind() const override { return "timer"; }
     void Reset() override { Now = Design; }
 };
 
-// The subdirectories of a path, as full paths, ascending by name ignoring case.
-class DirList : public Control
-{
-public:
-    DirList(Form &theOwner, const char *theName, Face theDesign);
-    // The current directory, without a final backslash unless it is a drive's root. Assigning it reads the rows; a
-    // run-time failure when there is no such directory.
-    Accessor<DirList, Text> Path{this, &DirList::GetPath, &DirList::SetPath};
-    int ListCount() const;
-    // Row theIndex as a full path. Row -1 is the current directory, row -2 the one above it and so on, up to the
-    // drive's root; what lies beyond either end is empty.
-    Text List(int theIndex) const;
-    // How many directories lead to the current one, itself included.
-    int Depth() const;
-    // The highlighted row, -1 when it is the current directory.
-    int ListIndex() const;
-    void Refresh();
-
-    Text NowPath;
-    int NowIndex = -1;
-    std::shared_ptr<const std::vector<Text>> NowNames;
-    const char *Kind() const override { return "directory list"; }
-    void Reset() override;
-
-private:
-    const Text &GetPath() const;
-    void SetPath(const Text &thePath);
-};
-
-// The files of a path as bare names, ascending ignoring case, hidden ones left out.
-class FileList : public Control
-{
-public:
-    FileList(Form &theOwner, const char *theName, Face theDesign);
-    // The directory listed. The rows are read when they are first asked for; assigning a directory that isn't there
-    // is a run-time failure.
-    Accessor<FileList, Text> Path{this, &FileList::GetPath, &FileList::SetPath};
-    // Only names that fit are listed; "*" and "?" are wildcards, an empty pattern lists all.
-    Accessor<FileList, Text> Pattern{this, &FileList::GetPattern, &FileList::SetPattern};
-    int ListCount() const;
-    // The name in a row; empty when there is no such row.
-    Text List(int theIndex) const;
-    void Refresh();
-
-    const char *Kind() const override { return "file list"; }
-    void Reset() override;
-
-private:
-    const Text &GetPath() const;
-    void SetPath(const Text &thePath);
-    const Text &GetPattern() const;
-    void SetPattern(const Text &thePattern);
-    const std::vector<Text> &Names() const;
-    Text path, pattern;
-    mutable std::shared_ptr<const std::vector<Text>> names;
-};
-
-// The drives of the machine as "c:".
-class DriveList : public Control
-{
-public:
-    DriveList(Form &theOwner, const char *theName, Face theDesign);
-    // The picked drive. Assigning a path picks its drive; a run-time failure when there is no such drive.
-    Accessor<DriveList, Text> Drive{this, &DriveList::GetDrive, &DriveList::SetDrive};
-    Text NowDrive;
-    const char *Kind() const override { return "drive list"; }
-    void Reset() override;
-
-private:
-    const Text &GetDrive() const;
-    void SetDrive(const Text &thePath);
-};
-
-// Asks for an existing file. Filter is "Words (*.txt)|*.txt|(*.*)|*.*|".
-class FileDialog : public Element
-{
-public:
-    FileDialog(Form &theOwner, const char *theName);
-    Text Filter;
-    Text FileName;  // the chosen file's full path; empty when the user cancelled
-    void ShowOpen();
-    const char *Kind() const override { return "file dialog"; }
-    void Reset() override;
-};
-
 struct BrowserEvents {
-    void (*BeforeNavigate)(const Text &theAddress) = nullptr;
-    void (*StatusTextChange)(const Text &theText) = nullptr;
-    void (*TitleChange)(const Text &theTitle) = nullptr;
+    std::function<void(const Text &theAddress)> BeforeNavigate = nullptr;
+    std::function<void(const Text &theText)> StatusTextChange = nullptr;
+    std::function<void(const Text &theTitle)> TitleChange = nullptr;
 };
 // An embedded browser. GoBack and GoForward fail with a run-time failure when there is no such page.
 class Browser : public Control
 {
 public:
-    Browser(Form &theOwner, const char *theName, Face theDesign, BrowserEvents theEvents);
+    Browser(Form &theOwner, const char *theName, Face theDesign, BrowserEvents theEvents)
+        : Control(theOwner, theName, std::move(theDesign)), Events(std::move(theEvents))
+    {
+    }
     // Opens a local path or a web address.
     void Navigate(const Text &theAddress);
     void GoBack();
@@ -294,9 +238,14 @@ struct ToolButton {
 class ToolBar : public Control
 {
 public:
-    ToolBar(Form &theOwner, const char *theName, Face theDesign, std::vector<ToolButton> theButtons,
-        void (*theClick)(const Text &theKey));
+    using ClickHandler = std::function<void(const Text &theKey)>;
+    ToolBar(
+        Form &theOwner, const char *theName, Face theDesign, std::vector<ToolButton> theButtons, ClickHandler theClick)
+        : Control(theOwner, theName, std::move(theDesign)), Buttons(std::move(theButtons)),
+          ButtonClick(std::move(theClick))
+    {
+    }
     const std::vector<ToolButton> Buttons;
-    void (*const ButtonClick)(const Text &theKey);
+    const ClickHandler ButtonClick;
     const char *Kind() const override { return "tool bar"; }
 };

@@ -4,15 +4,17 @@
 // and writes its properties; that brings the screen into being and tells the presentation. The presentation reads Now,
 // which touches nothing. Closing a screen sets Now = Design for each control, so no screen remembers what was typed.
 #pragma once
-#include "toolkit/Failure.h"
-#include "toolkit/Text.h"
+#include "base/Failure.h"
+#include "base/Text.h"
+#include <functional>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
 class Form;
 
-using Handler = void (*)();
+// The procedure that an event runs.
+using Handler = std::function<void()>;
 
 // Anything that stands on a screen and has a name.
 class Element
@@ -118,7 +120,8 @@ struct FormValues {
     bool Sizable = false;
     Handler Load = nullptr;
     Handler Resize = nullptr;
-    void (*QueryUnload)(bool &Cancel) = nullptr;  // asked when the user closes the frame; Cancel set true refuses
+    std::function<void(bool &Cancel)> QueryUnload =
+        nullptr;  // asked when the user closes the frame; Cancel set true refuses
 };
 
 inline constexpr double TwipsPerPixel = 15;

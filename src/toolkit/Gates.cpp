@@ -1,46 +1,33 @@
-// The gates, and the services that hand the program's wishes to the presentation.
-#include "toolkit/HostFiles.h"
+#include "toolkit/Gates.h"
+#include "disk/Files.h"
+#include "disk/PendingWrites.h"
 #include "toolkit/Presentation.h"
-#include "toolkit/QuietPresentation.h"
 #include "toolkit/Services.h"
 #include <algorithm>
-#include <chrono>
 #include <exception>
-
-Text DefaultBoxTitle;
-void (*WhenTrapped)(const RuntimeFailure &, const char *) = nullptr;
+#include <utility>
 
 namespace
 {
-QuietPresentation nobody;
-Presentation *front = &nobody;
-int gatesOpen = 0;            // gates on the stack
-unsigned long deedsDone = 0;  // gates opened with none on the stack
-std::exception_ptr pending;   // what a gate kept from passing the seam
+int gatesOpen = 0;              // gates on the stack
+unsigned long actionsDone = 0;  // gates opened with none on the stack
+std::exception_ptr pending;     // what a gate kept from passing the seam
 bool hasEnded = false;
 bool hasStarted = false;
-std::uint64_t countedClock = 0;
-bool isClockCounted = false;
-
-void ThrowPending()
-{
-    if (pending)
-        std::rethrow_exception(std::exchange(pending, nullptr));
-}
 
 // Puts on the disk what is outstanding, and says what could not be.
-void SettleAll()
+void FlushAll()
 {
-    HostFiles::Settle();
-    for (const Text &failure : HostFiles::TakeFailures())
-        front->MsgBox(failure, msgOK, DefaultBoxTitle);
+    PendingWrites::Flush();
+    for (const Text &failure : PendingWrites::TakeFailures())
+        ThePresentation().MsgBox(failure, msgOK, DefaultBoxTitle);
 }
 
 void EndThe(int theCode)
 {
     hasEnded = true;
-    SettleAll();
-    front->Ended(theCode);
+    FlushAll();
+    ThePresentation().Ended(theCode);
 }
 
 // What is left over when the outermost gate closes ends the program.
@@ -48,7 +35,7 @@ void Resolve()
 {
     try {
         ThrowPending();
-        SettleAll();
+        FlushAll();
         // Nothing runs any more: with the last screen gone, so is the program.
         const auto forms = Form::All();
         if (!hasEnded && hasStarted &&
@@ -57,21 +44,21 @@ void Resolve()
     } catch (const ProgramEnd &end) {
         EndThe(end.Code);
     } catch (const UntrappedFailure &failure) {
-        SettleAll();
-        front->Failure(failure.Failure);
+        FlushAll();
+        ThePresentation().Failure(failure.Failure);
         EndThe(endFailure);
     }
 }
 
-template <class Deed> bool Gate(Deed &&theDeed)
+template <class Action> bool Gate(Action &&theAction)
 {
     // While the program is on its way out, nothing more is done in it.
     if (hasEnded || pending)
         return false;
     if (gatesOpen++ == 0)
-        ++deedsDone;
+        ++actionsDone;
     try {
-        theDeed();
+        theAction();
     } catch (const RuntimeFailure &failure) {
         pending = std::make_exception_ptr(UntrappedFailure{failure});
     } catch (const UntrappedFailure &) {
@@ -92,24 +79,20 @@ void Run(Handler theHandler)
 
 }  // namespace
 
-bool CanReach(const Control &theControl)
+void ThrowPending()
+{
+    if (pending)
+        std::rethrow_exception(std::exchange(pending, nullptr));
+}
+
+bool IsReachable(const Control &theControl)
 {
     if (!theControl.Owner.Visible || !theControl.Now.Visible || !theControl.Now.Enabled)
         return false;
     if (const auto *item = dynamic_cast<const MenuItem *>(&theControl))
-        return !item->Menu || CanReach(*item->Menu);
+        return !item->Menu || IsReachable(*item->Menu);
     // What lies beyond the right edge is out of reach, as the help box is while it is in.
     return theControl.Now.At.Left < theControl.Owner.Now.Width;
-}
-
-void Present(Presentation *thePresentation)
-{
-    front = thePresentation ? thePresentation : &nobody;
-}
-
-Presentation &ThePresentation()
-{
-    return *front;
 }
 
 bool ProgramEnded()
@@ -117,83 +100,9 @@ bool ProgramEnded()
     return hasEnded;
 }
 
-unsigned long DeedsDone()
+unsigned long ActionsDone()
 {
-    return deedsDone;
-}
-
-int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
-{
-    const int Result = front->MsgBox(thePrompt, theFlags, theTitle.empty() ? DefaultBoxTitle : theTitle);
-    ThrowPending();
-    return Result;
-}
-
-Text OpenFile(const Text &theFilter)
-{
-    Text Result = front->OpenFile(theFilter);
-    ThrowPending();
-    return Result;
-}
-
-void Beep()
-{
-    front->Beep();
-}
-
-void DoEvents()
-{
-    front->DoEvents();
-    ThrowPending();
-}
-
-void WaitEvents()
-{
-    // Thousands of copies may be outstanding: what has changed is seen, and the user is heard, before the disk has them
-    // all.
-    if (HostFiles::IsOutstanding())
-        front->ShowNow();
-    HostFiles::Settle(10);
-    front->WaitEvents();
-    ThrowPending();
-}
-
-void ShowNow()
-{
-    front->ShowNow();
-}
-
-Text LoadPicture(const Text &thePath)
-{
-    if (!HostFiles::IsFile(thePath))
-        Fail("picture not found", thePath);
-    return thePath;
-}
-
-std::uint64_t ClockTicks()
-{
-    if (isClockCounted)
-        return countedClock++;
-    return static_cast<std::uint64_t>(std::chrono::high_resolution_clock::now().time_since_epoch().count());
-}
-
-void SetClock(std::uint64_t theSeed)
-{
-    countedClock = theSeed;
-    isClockCounted = true;
-}
-
-void TrapCaught(const RuntimeFailure &theFailure, const char *theProcedure)
-{
-    if (WhenTrapped)
-        WhenTrapped(theFailure, theProcedure);
-}
-
-void Standstill(const Text &theWhere, const Text &theWhy)
-{
-    HostFiles::Settle();
-    front->Standstill(theWhere, theWhy);
-    throw ProgramEnd{endStandstill};
+    return actionsDone;
 }
 
 bool StartProgram(Form &theFirstForm)
@@ -204,7 +113,7 @@ bool StartProgram(Form &theFirstForm)
 
 bool UserClick(Control &theControl)
 {
-    if (!CanReach(theControl))
+    if (!IsReachable(theControl))
         return false;
     return Gate([&] {
         if (auto *box = dynamic_cast<CheckBox *>(&theControl))
@@ -215,14 +124,14 @@ bool UserClick(Control &theControl)
 
 bool UserDoubleClick(ListBox &theList)
 {
-    if (!CanReach(theList) || theList.NowIndex < 0)
+    if (!IsReachable(theList) || theList.NowIndex < 0)
         return false;
     return Gate([&] { Run(theList.Design.DblClick); });
 }
 
 bool UserKeyPress(TextBox &theBox, int &theKey)
 {
-    if (!CanReach(theBox))
+    if (!IsReachable(theBox))
         return false;
     return Gate([&] {
         if (theBox.Design.KeyPress)
@@ -243,14 +152,14 @@ bool UserKey(TextBox &theBox, char theKey)
 
 bool UserEdit(TextBox &theBox, const Text &theText)
 {
-    if (!CanReach(theBox))
+    if (!IsReachable(theBox))
         return false;
     return Gate([&] { theBox.Now.Caption = theText; });
 }
 
 bool UserSelect(ListBox &theList, int theIndex)
 {
-    if (!CanReach(theList) || theIndex < 0 || theIndex >= static_cast<int>(theList.NowRows.size()))
+    if (!IsReachable(theList) || theIndex < 0 || theIndex >= static_cast<int>(theList.NowRows.size()))
         return false;
     return Gate([&] {
         theList.ListIndex = theIndex;
@@ -260,28 +169,28 @@ bool UserSelect(ListBox &theList, int theIndex)
 
 bool UserHighlight(DirList &theList, int theIndex)
 {
-    if (!CanReach(theList) || theList.List(theIndex).empty())
+    if (!IsReachable(theList) || theList.List(theIndex).empty())
         return false;
     return Gate([&] { theList.NowIndex = theIndex; });
 }
 
 bool UserGo(DirList &theList, const Text &thePath)
 {
-    if (!CanReach(theList) || !HostFiles::IsDirectory(thePath))
+    if (!IsReachable(theList) || !Files::IsDirectory(thePath))
         return false;
     return Gate([&] { theList.Path = thePath; });
 }
 
 bool UserPick(DriveList &theList, const Text &theDrive)
 {
-    if (!CanReach(theList) || !HostFiles::DriveExists(theDrive))
+    if (!IsReachable(theList) || !Files::DriveExists(theDrive))
         return false;
     return Gate([&] { theList.Drive = theDrive; });
 }
 
 bool UserTool(ToolBar &theBar, const Text &theKey)
 {
-    if (!CanReach(theBar))
+    if (!IsReachable(theBar))
         return false;
     return Gate([&] { theBar.ButtonClick(theKey); });
 }

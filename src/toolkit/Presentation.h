@@ -1,11 +1,9 @@
 // The seam between the program and who presents it.
 //
 // The program never names Presentation: it calls MsgBox, DoEvents, Me.Show(). A presentation never calls an event
-// procedure: it calls the gates below. No exception passes the seam: a gate keeps it, and DoEvents or the box that was
-// open throws it anew in the program once the presentation has returned; at the outermost gate it ends the program
-// through Presentation::Ended.
+// procedure: it calls the gates of Gates.h.
 #pragma once
-#include "toolkit/Controls.h"
+#include "toolkit/Pickers.h"
 
 // What the program asks of a front.
 struct Presentation {
@@ -21,7 +19,7 @@ struct Presentation {
     // Serves events where the program only waits: may sleep until something happens.
     virtual void WaitEvents() = 0;
     // Paints what has changed; serves neither the user nor timers.
-    virtual void ShowNow() = 0;
+    virtual void PaintNow() = 0;
     // theFlags as in Services.h; returns one of the answers there.
     virtual int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle) = 0;
     // Returns the full path of the chosen file, empty when the user cancelled.
@@ -41,39 +39,6 @@ struct Presentation {
     virtual void Ended(int theCode) = 0;
 };
 
-// Exit codes beside 0.
-inline constexpr int endFailure = 3;
-inline constexpr int endStandstill = 4;
-
 // Sets the front; before that, and with null, one that shows nothing stands in.
-void Present(Presentation *thePresentation);
+void SetPresentation(Presentation *thePresentation);
 Presentation &ThePresentation();
-
-// The gates: what a user, a clock or a browser can do to the program. Each returns false, with nothing done, when it
-// could not be done just now: the screen isn't showing, the control is hidden or disabled, the timer is off or its
-// handler is still running, the frame may not be closed.
-bool StartProgram(Form &theFirstForm);
-// Whether a user could use the control now: it and its screen are showing, it is enabled, its menu can be reached.
-bool CanReach(const Control &theControl);
-bool UserClick(Control &theControl);
-bool UserDoubleClick(ListBox &theList);
-bool UserKey(TextBox &theBox, char theKey);  // a printing key at the end of the text, or Enter as '\r'
-// Lets the box's handler see a key, Enter as '\r', before it takes effect; theKey is what the handler leaves of it.
-bool UserKeyPress(TextBox &theBox, int &theKey);
-bool UserEdit(TextBox &theBox, const Text &theText);  // any other change of the text
-bool UserSelect(ListBox &theList, int theIndex);
-bool UserHighlight(DirList &theList, int theIndex);  // a single click on a row, see DirList::List
-bool UserGo(DirList &theList, const Text &thePath);  // a double click, or a path dropped on it
-bool UserPick(DriveList &theList, const Text &theDrive);
-bool UserTool(ToolBar &theBar, const Text &theKey);
-bool UserClose(Form &theForm);
-bool UserResize(Form &theForm, double theWidth, double theHeight);
-bool TimerTick(Timer &theTimer);
-bool BrowserGoes(Browser &theBrowser, const Text &theAddress);
-bool BrowserSays(Browser &theBrowser, const Text &theStatus);
-bool BrowserTitled(Browser &theBrowser, const Text &theTitle);
-
-// True once the program has ended; gates do nothing then.
-bool ProgramEnded();
-// Counts what was done to the program; all that happens inside one deed, a whole run too, belongs to that deed.
-unsigned long DeedsDone();

@@ -11,7 +11,7 @@ struct QuietPresentation : Presentation {
     void Focus(Control &) override {}
     void DoEvents() override {}
     void WaitEvents() override {}
-    void ShowNow() override {}
+    void PaintNow() override {}
     int MsgBox(const Text &, int theFlags, const Text &) override { return theFlags & msgYesNo ? answerNo : answerOK; }
     Text OpenFile(const Text &) override { return {}; }
     void Beep() override {}

@@ -1,7 +1,7 @@
 // What the program asks of its platform beside controls: message boxes, the yield, the clock, pictures.
 #pragma once
-#include "toolkit/Failure.h"
-#include "toolkit/Text.h"
+#include "base/Failure.h"
+#include "base/Text.h"
 #include <cstdint>
 
 // Flags and answers of a message box; they add up.
@@ -32,10 +32,14 @@ void DoEvents();
 void WaitEvents();
 
 // Paints where something must be seen now: a tick changed, a screen came up. Serves no click, key or timer.
-void ShowNow();
+void PaintNow();
 
 // The path of a picture that is there; a run-time failure when it isn't.
 Text LoadPicture(const Text &thePath);
+
+// Tells the user of a loop that can never end. theWhere names the procedure, theWhy is one sentence for a person.
+// Doesn't return: the program ends when the user agrees, at the player at once.
+[[noreturn]] void Standstill(const Text &theWhere, const Text &theWhy);
 
 // The clock at its finest resolution, to seed from. SetClock makes it a counter that starts at theSeed, so that a
 // run can be repeated.
@@ -43,5 +47,5 @@ std::uint64_t ClockTicks();
 void SetClock(std::uint64_t theSeed);
 
 // Tells who wants to know that a trap caught a failure in procedure theProcedure.
-void TrapCaught(const RuntimeFailure &theFailure, const char *theProcedure);
-extern void (*WhenTrapped)(const RuntimeFailure &theFailure, const char *theProcedure);
+void ReportTrapped(const RuntimeFailure &theFailure, const char *theProcedure);
+extern void (*OnTrapped)(const RuntimeFailure &theFailure, const char *theProcedure);

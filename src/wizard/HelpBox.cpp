@@ -7,12 +7,18 @@ static constexpr double frameWidth = 160;
 
 HelpFrame::HelpFrame(Form &theForm, Handler btnCloseHelp_Click)
     : bg_help(theForm, "bg_help", {.At = {normalWidth, 0, frameWidth, 435}}),
-      textHBHeading(
-          theForm, "textHBHeading", {.At = {normalWidth + 12, 58, frameWidth - 24, 36}, .Style = Look::HelpHeading}),
+      textHBHeading(theForm, "textHBHeading",
+          {.At = {normalWidth + 12, 58, frameWidth - 24, 36}, .Style = TextStyle::HelpHeading}),
       textHBText(theForm, "textHBText",
-          {.At = {normalWidth + 12, 98, frameWidth - 18, 258}, .Says = "Help text", .Style = Look::HelpText}),
+          {.At = {normalWidth + 12, 98, frameWidth - 18, 258},
+              .AccessibleName = "Help text",
+              .Style = TextStyle::HelpText,
+              .As = Role::HelpText}),
       btnCloseHelp(theForm, "btnCloseHelp",
-          {.At = {normalWidth + 34, 372, 92, 34}, .Says = "Close help", .Click = btnCloseHelp_Click})
+          {.At = {normalWidth + 34, 372, 92, 34},
+              .AccessibleName = "Close help",
+              .As = Role::CloseHelp,
+              .Click = btnCloseHelp_Click})
 {
 }
 
@@ -26,7 +32,8 @@ void ShowHelpBox(Form &theForm, const Text &theHeading, const Text &theText, Fla
             HelpBoxClosed = false;
             double direction = 1;
             if (HelpBoxOpen) {
-                // Also where an earlier screen left its box out: this one then shrinks below its normal width. Wanted.
+                // Deliberate: also where an earlier screen left its box out: this one then shrinks below its normal
+                // width.
                 direction = -1;
                 HelpBoxClosed = true;
             }

@@ -47,7 +47,7 @@ template <MenuBar &theMenu> void optShowWelcome_Click()
 }
 
 // All items, for the screens on which a project exists.
-template <MenuBar &theMenu> constexpr MenuHandlers FullMenu()
+template <MenuBar &theMenu> inline MenuHandlers FullMenu()
 {
     return {.Exit = optFile_Exit_Click,
         .EditFilters = optFileFilters_Click,
@@ -58,7 +58,7 @@ template <MenuBar &theMenu> constexpr MenuHandlers FullMenu()
         .ReportingErrors = optHelp_ReportingErrors_Click};
 }
 // The same for the screens that come before a project: there is no filter list yet.
-template <MenuBar &theMenu> constexpr MenuHandlers MenuBeforeProject()
+template <MenuBar &theMenu> inline MenuHandlers MenuBeforeProject()
 {
     MenuHandlers Result = FullMenu<theMenu>();
     Result.EditFilters = nullptr;

@@ -20,7 +20,7 @@ void ApplyScreenLook(Form &theForm, const Text &theBackground, int withNext, int
         theForm.Height = FormHeight;
         theForm.Width = FormWidth;
         theForm.Caption = AppTitle;
-        // HelpBoxOpen stays as the last screen left it: some screens are left with the box out. Wanted.
+        // Deliberate: helpBoxOpen stays as the last screen left it: some screens are left with the box out.
         HelpBoxClosed = true;
         SetPicture(theForm, "btnCloseHelp", "btnClose.jpg");
         if (withNext == 1)
@@ -42,7 +42,7 @@ void ConfirmExit()
     Trap([] {
         int answer = answerYes;
         if (ExitConfirmNeeded)
-            // The third of two buttons is the default: presentations take No for it. Wanted.
+            // Deliberate: the third of two buttons is the default: presentations take No for it.
             answer = MsgBox("Are you sure you want to exit?", msgYesNo + msgStop + msgThirdDefault, "Exit");
         if (answer == answerYes)
             End();

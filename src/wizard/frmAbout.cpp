@@ -10,11 +10,13 @@ namespace frmAbout
 void Form_Load(), btnDone_Click(), hlpTitle_Click(), btnCloseHelp_Click();
 
 Form Me{"frmAbout", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "About", .Style = Look::Title}};
-Image imgLogo{Me, "imgLogo", {.At = {24, 96, 176, 176}, .Says = "Ferncastle"}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "About", .Style = TextStyle::Title}};
+Image imgLogo{Me, "imgLogo", {.At = {24, 96, 176, 176}, .AccessibleName = "Ferncastle"}};
 Label lblDetails{Me, "lblDetails", {.At = {224, 100, 318, 180}}};
-Image hlpTitle{Me, "hlpTitle", {.At = {224, 258, 22, 22}, .Says = "Help: About", .Click = hlpTitle_Click}};
-Image btnDone{Me, "btnDone", {.At = {484, 372, 92, 34}, .Says = "Done", .Click = btnDone_Click}};
+Image hlpTitle{Me, "hlpTitle",
+    {.At = {224, 258, 22, 22}, .AccessibleName = "Help: About", .As = Role::Help, .Click = hlpTitle_Click}};
+Image btnDone{
+    Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, {.ReportingErrors = optHelp_ReportingErrors_Click}};
 

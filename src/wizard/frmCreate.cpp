@@ -17,31 +17,34 @@ namespace frmCreate
 void Form_Load(), hlpProjName_Click(), hlpDomainName_Click(), btnBack_Click(), btnNext_Click(), btnCloseHelp_Click();
 
 Form Me{"frmCreate", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Create a New Project", .Style = Look::Title}};
-Label Label2{Me, "Label2", {.At = {24, 62, 400, 22}, .Caption = "Name your project:", .Style = Look::SubTitle}};
-TextBox txtProjName{Me, "txtProjName", {.At = {24, 88, 300, 26}, .Says = "Name your project"}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Create a New Project", .Style = TextStyle::Title}};
+Label Label2{Me, "Label2", {.At = {24, 62, 400, 22}, .Caption = "Name your project:", .Style = TextStyle::SubTitle}};
+TextBox txtProjName{Me, "txtProjName", {.At = {24, 88, 300, 26}, .AccessibleName = "Name your project"}};
 Label Label4{Me, "Label4",
-    {.At = {364, 92, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = Look::Dim}};
-Image hlpProjName{
-    Me, "hlpProjName", {.At = {332, 90, 22, 22}, .Says = "Help: Project Name", .Click = hlpProjName_Click}};
+    {.At = {364, 92, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = TextStyle::Dim}};
+Image hlpProjName{Me, "hlpProjName",
+    {.At = {332, 90, 22, 22}, .AccessibleName = "Help: Project Name", .As = Role::Help, .Click = hlpProjName_Click}};
 Label Label3{Me, "Label3",
     {.At = {24, 122, 522, 58},
         .Caption = "Create a name for your new project so it can be saved.  You can later come back, modify your "
                    "project, and run it again.  You can make this name anything you choose."}};
-Label Label5{Me, "Label5", {.At = {24, 206, 400, 22}, .Caption = "Your Site's Domain Name:", .Style = Look::SubTitle}};
-TextBox txtDomainName{Me, "txtDomainName", {.At = {24, 232, 300, 26}, .Says = "Your site's domain name"}};
+Label Label5{
+    Me, "Label5", {.At = {24, 206, 400, 22}, .Caption = "Your Site's Domain Name:", .Style = TextStyle::SubTitle}};
+TextBox txtDomainName{Me, "txtDomainName", {.At = {24, 232, 300, 26}, .AccessibleName = "Your site's domain name"}};
 Label Label6{Me, "Label6",
-    {.At = {364, 236, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = Look::Dim}};
-Image hlpDomainName{
-    Me, "hlpDomainName", {.At = {332, 234, 22, 22}, .Says = "Help: Domain Name", .Click = hlpDomainName_Click}};
+    {.At = {364, 236, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = TextStyle::Dim}};
+Image hlpDomainName{Me, "hlpDomainName",
+    {.At = {332, 234, 22, 22}, .AccessibleName = "Help: Domain Name", .As = Role::Help, .Click = hlpDomainName_Click}};
 Label Label7{Me, "Label7",
     {.At = {24, 266, 522, 58},
         .Caption = "You must enter the domain name that refers to the site you are about to expand.  This is the "
                    "domain that Ferncastle will use to gain the maximum benefit for your site."}};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
-Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
-// They stand in the help frame's corners with neither a picture nor a handler. Wanted.
+// Deliberate: they stand in the help frame's corners with neither a picture nor a handler.
 Image btnHelpMore{Me, "btnHelpMore", {.At = {606, 378, 22, 22}}};
 Image btnHelpLess{Me, "btnHelpLess", {.At = {732, 378, 22, 22}}};
 MenuBar Menu{Me, MenuBeforeProject<Menu>()};
@@ -70,10 +73,10 @@ static void TakeProjectNumber()
 
 static void MakeProjectDir(const Text &theDir)
 {
-    // CreateDirectories gives true even when it failed, so these lines never show. Wanted.
+    // Deliberate: createDirectories gives true even when it failed, so these lines never show.
     if (!CreateDirectories(theDir))
         ShowMessageLines(
-            // "occured" stands so. Wanted.
+            // Deliberate: "occured" stands so.
             {"An error occured while trying to create the directory:", theDir, "", "btnNext_Click.frmCreate"});
 }
 
@@ -94,7 +97,7 @@ void btnNext_Click()
             return;
         }
         ProjectName = txtProjName.Text;
-        // May come out empty; only what was typed is tested. Wanted.
+        // Deliberate: may come out empty; only what was typed is tested.
         DomainName = CleanDomain(txtDomainName.Text);
         TakeProjectNumber();
         MakeProjectDir(InProgramDir(ProjectNumber + "\\"));

@@ -4,7 +4,9 @@
 #include "core/TextOps.h"
 #include "core/Trap.h"
 #include "core/Utils.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "toolkit/Pickers.h"
 #include "wizard/CleanDomain.h"
 #include "wizard/HelpBox.h"
 #include "wizard/MenuBar.h"
@@ -20,24 +22,29 @@ void Form_Load(), Drive1_Change(), hlpTitle_Click(), hlpDomain_Click(), btnBack_
 
 Form Me{"frmDirectory", {.Load = Form_Load}};
 Label Label1{
-    Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Choose the location of your site", .Style = Look::Title}};
-DriveList Drive1{Me, "Drive1", {.At = {24, 62, 270, 26}, .Says = "Drive of your site", .Change = Drive1_Change}};
-DirList Dir1{Me, "Dir1", {.At = {24, 94, 270, 184}, .Says = "Directory of your site"}};
+    Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Choose the location of your site", .Style = TextStyle::Title}};
+DriveList Drive1{
+    Me, "Drive1", {.At = {24, 62, 270, 26}, .AccessibleName = "Drive of your site", .Change = Drive1_Change}};
+DirList Dir1{Me, "Dir1", {.At = {24, 94, 270, 184}, .AccessibleName = "Directory of your site"}};
 Label Label6{Me, "Label6",
     {.At = {312, 62, 234, 150},
         .Caption = "Use the controls to the left to navigate to the root directory of the site you'd like Ferncastle "
                    "to expand.  "
                    "This site must be on your local computer.  Please choose the directory where your site files are "
                    "located."}};
-Image hlpTitle{Me, "hlpTitle", {.At = {554, 62, 22, 22}, .Says = "Help: Choose Your Site", .Click = hlpTitle_Click}};
+Image hlpTitle{Me, "hlpTitle",
+    {.At = {554, 62, 22, 22}, .AccessibleName = "Help: Choose Your Site", .As = Role::Help, .Click = hlpTitle_Click}};
 Label Label3{
-    Me, "Label3", {.At = {312, 222, 264, 20}, .Caption = "Example: C:\\My Web Sites\\Ferns", .Style = Look::Dim}};
-Label Label2{Me, "Label2", {.At = {24, 288, 270, 22}, .Caption = "Your domain name:", .Style = Look::SubTitle}};
-TextBox txtDomainName{
-    Me, "txtDomainName", {.At = {24, 314, 270, 26}, .Caption = "yoursite.example", .Says = "Your domain name"}};
-Image hlpDomain{Me, "hlpDomain", {.At = {312, 316, 22, 22}, .Says = "Help: Domain Name", .Click = hlpDomain_Click}};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
-Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
+    Me, "Label3", {.At = {312, 222, 264, 20}, .Caption = "Example: C:\\My Web Sites\\Ferns", .Style = TextStyle::Dim}};
+Label Label2{Me, "Label2", {.At = {24, 288, 270, 22}, .Caption = "Your domain name:", .Style = TextStyle::SubTitle}};
+TextBox txtDomainName{Me, "txtDomainName",
+    {.At = {24, 314, 270, 26}, .Caption = "yoursite.example", .AccessibleName = "Your domain name"}};
+Image hlpDomain{Me, "hlpDomain",
+    {.At = {312, 316, 22, 22}, .AccessibleName = "Help: Domain Name", .As = Role::Help, .Click = hlpDomain_Click}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
@@ -45,14 +52,14 @@ void Form_Load()
 {
     Trap([] {
         // Both pickers start where the program stands. They stay there when the saved directory is gone: the load then
-        // ends in its trap, and the domain box keeps its design text. Wanted.
-        Drive1.Drive = HostFiles::ProgramDir();
-        Dir1.Path = HostFiles::ProgramDir();
+        // Deliberate: ends in its trap, and the domain box keeps its design text.
+        Drive1.Drive = Paths::ProgramDir();
+        Dir1.Path = Paths::ProgramDir();
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
         hlpTitle.Picture = PictureOf("btnHelp.jpg");
         hlpDomain.Picture = PictureOf("btnHelp.jpg");
         const Text savedDir = InStoreDir(ProjectNumber + ".dir");
-        const Text usualDir = LeftPart(HostFiles::ProgramDir(), 3) + "!!\\";
+        const Text usualDir = LeftPart(Paths::ProgramDir(), 3) + "!!\\";
         if (ifFileExists(savedDir))
             Dir1.Path = GATHERFROMFILE(savedDir);
         else if (ifDirExists(usualDir))
@@ -81,7 +88,7 @@ void btnNext_Click()
         if (ifDirExists(store)) {
             PrintToFile(InStoreDir(ProjectNumber + ".dir"), LocalSiteDir + "[]");
             if (txtDomainName.Text == "") {
-                // Closed again below, before anybody can read it: the domain stays as it was. Wanted.
+                // Deliberate: closed again below, before anybody can read it: the domain stays as it was.
                 ShowHelpBox(Me, "Domain Name",
                     "To continue, you must enter a domain name for your project.  This is the site that "
                     "Ferncastle will use to find your internal links as well as for other functions.");

@@ -12,19 +12,24 @@ namespace frmDoItAlready
 void Form_Load(), btnBack_Click(), btnDoItAlready_Click(), btnCloseHelp_Click();
 
 Form Me{"frmDoItAlready", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Go Ahead and Expand the Site", .Style = Look::Title}};
-Image btnDoItAlready{
-    Me, "btnDoItAlready", {.At = {166, 112, 268, 110}, .Says = "Expand the site", .Click = btnDoItAlready_Click}};
+Label Label1{
+    Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Go Ahead and Expand the Site", .Style = TextStyle::Title}};
+Image btnDoItAlready{Me, "btnDoItAlready",
+    {.At = {166, 112, 268, 110},
+        .AccessibleName = "Expand the site",
+        .As = Role::Primary,
+        .Click = btnDoItAlready_Click}};
 Label Label2{Me, "Label2", {.At = {24, 242, 196, 18}, .Caption = "Project Name:"}};
-Label lblProjName{Me, "lblProjName", {.At = {226, 238, 350, 26}, .Style = Look::Value}};
+Label lblProjName{Me, "lblProjName", {.At = {226, 238, 350, 26}, .Style = TextStyle::Value}};
 Label Label3{Me, "Label3", {.At = {24, 272, 196, 18}, .Caption = "Site location to be expanded:"}};
-Label lblOrigSiteDir{Me, "lblOrigSiteDir", {.At = {226, 268, 350, 26}, .Style = Look::Value}};
+Label lblOrigSiteDir{Me, "lblOrigSiteDir", {.At = {226, 268, 350, 26}, .Style = TextStyle::Value}};
 Label Label4{Me, "Label4", {.At = {24, 302, 196, 18}, .Caption = "Your new site will be stored in:"}};
-Label lblNewSiteDir{Me, "lblNewSiteDir", {.At = {226, 298, 350, 26}, .Style = Look::Value}};
+Label lblNewSiteDir{Me, "lblNewSiteDir", {.At = {226, 298, 350, 26}, .Style = TextStyle::Value}};
 Label Label7{Me, "Label7", {.At = {24, 332, 196, 18}, .Caption = "Total Keywords:"}};
-Label lblTotalKeywords{Me, "lblTotalKeywords", {.At = {226, 328, 350, 26}, .Style = Look::Value}};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
-// Bears no picture and no topic: nothing is to be seen of it. Wanted.
+Label lblTotalKeywords{Me, "lblTotalKeywords", {.At = {226, 328, 350, 26}, .Style = TextStyle::Value}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+// Deliberate: bears no picture and no topic: nothing is to be seen of it.
 Image btnHelp1{Me, "btnHelp1", {.At = {554, 60, 22, 22}}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, FullMenu<Menu>()};
@@ -51,7 +56,7 @@ void Form_Load()
 void btnBack_Click()
 {
     Trap([] {
-        // Neither way out of this screen closes the help box. Wanted.
+        // Deliberate: neither way out of this screen closes the help box.
         frmConfirm::Me.Show();
         Me.Unload();
     });

@@ -11,10 +11,12 @@ namespace frmErrorReporting
 void Form_Load(), btnDone_Click(), hlpTitle_Click(), btnCloseHelp_Click();
 
 Form Me{"frmErrorReporting", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Reporting Errors", .Style = Look::Title}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Reporting Errors", .Style = TextStyle::Title}};
 Label lblDetails{Me, "lblDetails", {.At = {24, 62, 350, 72}}};
-Image hlpTitle{Me, "hlpTitle", {.At = {390, 60, 22, 22}, .Says = "Help: Error Reporting", .Click = hlpTitle_Click}};
-Image btnDone{Me, "btnDone", {.At = {484, 372, 92, 34}, .Says = "Done", .Click = btnDone_Click}};
+Image hlpTitle{Me, "hlpTitle",
+    {.At = {390, 60, 22, 22}, .AccessibleName = "Help: Error Reporting", .As = Role::Help, .Click = hlpTitle_Click}};
+Image btnDone{
+    Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, {.About = optHelp_About_Click}};
 

@@ -14,28 +14,41 @@ void hlpAddFilter_Click(), hlpRemoveFilter_Click(), hlpClearList_Click(), hlpRes
 void Text1_KeyPress(int &KeyAscii);
 
 Form Me{"frmFilters", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Manage Your Filters", .Style = Look::Title}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Manage Your Filters", .Style = TextStyle::Title}};
 Label lblDetails{Me, "lblDetails", {.At = {272, 60, 304, 300}}};
 Label Label3{Me, "Label3", {.At = {24, 60, 228, 18}, .Caption = "Enter a filter below"}};
-TextBox Text1{Me, "Text1", {.At = {24, 85, 76, 26}, .Says = "Filter", .KeyPress = Text1_KeyPress}};
-Image btnAddFilter{Me, "btnAddFilter", {.At = {108, 82, 116, 32}, .Says = "Add Filter", .Click = btnAddFilter_Click}};
-Image hlpAddFilter{
-    Me, "hlpAddFilter", {.At = {230, 87, 22, 22}, .Says = "Help: Add a Filter", .Click = hlpAddFilter_Click}};
-Label Label2{Me, "Label2", {.At = {24, 130, 92, 20}, .Caption = "Filter List", .Style = Look::SubTitle}};
-ListBox List1{Me, "List1", {.At = {24, 154, 92, 200}, .Says = "Filter List"}};
+TextBox Text1{Me, "Text1", {.At = {24, 85, 76, 26}, .AccessibleName = "Filter", .KeyPress = Text1_KeyPress}};
+Image btnAddFilter{
+    Me, "btnAddFilter", {.At = {108, 82, 116, 32}, .AccessibleName = "Add Filter", .Click = btnAddFilter_Click}};
+Image hlpAddFilter{Me, "hlpAddFilter",
+    {.At = {230, 87, 22, 22}, .AccessibleName = "Help: Add a Filter", .As = Role::Help, .Click = hlpAddFilter_Click}};
+Label Label2{Me, "Label2", {.At = {24, 130, 92, 20}, .Caption = "Filter List", .Style = TextStyle::SubTitle}};
+ListBox List1{Me, "List1", {.At = {24, 154, 92, 200}, .AccessibleName = "Filter List"}};
 Image btnRemoveFilter{
-    Me, "btnRemoveFilter", {.At = {128, 154, 96, 32}, .Says = "Remove", .Click = btnRemoveFilter_Click}};
-Image hlpRemoveFilter{
-    Me, "hlpRemoveFilter", {.At = {230, 159, 22, 22}, .Says = "Help: Remove a Filter", .Click = hlpRemoveFilter_Click}};
-Image btnClearList{Me, "btnClearList", {.At = {128, 196, 92, 32}, .Says = "Clear", .Click = btnClearList_Click}};
-Image hlpClearList{
-    Me, "hlpClearList", {.At = {230, 201, 22, 22}, .Says = "Help: Clear the List", .Click = hlpClearList_Click}};
-Image btnResetList{Me, "btnResetList", {.At = {128, 238, 92, 32}, .Says = "Reset", .Click = btnResetList_Click}};
-Image hlpResetList{
-    Me, "hlpResetList", {.At = {230, 243, 22, 22}, .Says = "Help: Reset Filter List", .Click = hlpResetList_Click}};
+    Me, "btnRemoveFilter", {.At = {128, 154, 96, 32}, .AccessibleName = "Remove", .Click = btnRemoveFilter_Click}};
+Image hlpRemoveFilter{Me, "hlpRemoveFilter",
+    {.At = {230, 159, 22, 22},
+        .AccessibleName = "Help: Remove a Filter",
+        .As = Role::Help,
+        .Click = hlpRemoveFilter_Click}};
+Image btnClearList{
+    Me, "btnClearList", {.At = {128, 196, 92, 32}, .AccessibleName = "Clear", .Click = btnClearList_Click}};
+Image hlpClearList{Me, "hlpClearList",
+    {.At = {230, 201, 22, 22},
+        .AccessibleName = "Help: Clear the List",
+        .As = Role::Help,
+        .Click = hlpClearList_Click}};
+Image btnResetList{
+    Me, "btnResetList", {.At = {128, 238, 92, 32}, .AccessibleName = "Reset", .Click = btnResetList_Click}};
+Image hlpResetList{Me, "hlpResetList",
+    {.At = {230, 243, 22, 22},
+        .AccessibleName = "Help: Reset Filter List",
+        .As = Role::Help,
+        .Click = hlpResetList_Click}};
 Label Label4{Me, "Label4", {.At = {128, 292, 92, 18}, .Caption = "Filters"}};
-Label lblFilterCount{Me, "lblFilterCount", {.At = {128, 312, 92, 22}, .Style = Look::Counter}};
-Image btnDone{Me, "btnDone", {.At = {484, 372, 92, 34}, .Says = "Done", .Click = btnDone_Click}};
+Label lblFilterCount{Me, "lblFilterCount", {.At = {128, 312, 92, 22}, .Style = TextStyle::Counter}};
+Image btnDone{
+    Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, {.About = optHelp_About_Click, .ReportingErrors = optHelp_ReportingErrors_Click}};
 
@@ -61,7 +74,7 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
-        // "filtrered" stands so. Wanted.
+        // Deliberate: "filtrered" stands so.
         lblDetails.Caption =
             "Filters let you specify which types of files you'd like to include in the expansion process.\r\n"
             "\r\n"
@@ -105,7 +118,7 @@ void Text1_KeyPress(int &KeyAscii)
     Trap([&] {
         if (KeyAscii != 13 || Text1.Text == "")
             return;
-        // As typed, where the button makes it lower case. Wanted.
+        // Deliberate: as typed, where the button makes it lower case.
         AddFilter(Text1.Text);
     });
 }
@@ -114,12 +127,12 @@ void btnRemoveFilter_Click()
 {
     Trap([] {
         if (List1.ListIndex < 0) {
-            // Speaks of a keyword, though it is a filter. Wanted.
+            // Deliberate: speaks of a keyword, though it is a filter.
             ShowHelpBox(Me, "Nothing Selected",
                 "\r\nYou must select a keyword to be removed by clicking on the keyword in the keyword list");
             return;
         }
-        // The title is that of the Clear button. Wanted.
+        // Deliberate: the title is that of the Clear button.
         if (MsgBox("Are you sure you want to remove the selected filter?", msgYesNo + msgStop + msgThirdDefault,
                 "Clear Filters List") == answerYes) {
             List1.RemoveItem(List1.ListIndex);
@@ -147,7 +160,7 @@ void btnClearList_Click()
 void btnResetList_Click()
 {
     Trap([] {
-        // Asks in the words of the Clear button. Wanted.
+        // Deliberate: asks in the words of the Clear button.
         if (ConfirmClear())
             SetDefaultRows();
     });
@@ -157,7 +170,7 @@ void btnDone_Click()
 {
     Trap([] {
         SaveListToFile("lst", ProjectNumber + "_store\\filters", List1);
-        // Kept up for its own sake: nothing reads it. Wanted.
+        // Deliberate: kept up for its own sake: nothing reads it.
         SaveMarkedFile(InProgramDir("LastProjFilters.chk"), ProjectNumber, 1);
         Me.Unload();
     });
@@ -189,7 +202,7 @@ void hlpRemoveFilter_Click()
 void hlpClearList_Click()
 {
     Trap([] {
-        // Promises more than the option keeps: only the one on the run's own screen is ever read. Wanted.
+        // Deliberate: promises more than the option keeps: only the one on the run's own screen is ever read.
         ShowHelpBox(Me, "Clear the List",
             "Clicking the Clear button will remove all the filters from your list.  Be careful with this one:  "
             "while filters are turned on and the list is empty, none of your pages will be expanded.  If you "

@@ -3,7 +3,8 @@
 #include "core/TextOps.h"
 #include "core/Trap.h"
 #include "core/Utils.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "toolkit/Pickers.h"
 #include "wizard/HelpBox.h"
 #include "wizard/MenuBar.h"
 #include "wizard/ScreenLook.h"
@@ -20,10 +21,11 @@ void hlpTitle_Click(), btn_hlpAddKeyword_Click(), hlpLoadKeywordFile_Click(), hl
 void Text1_KeyPress(int &KeyAscii);
 
 Form Me{"frmKeywords", {.Load = Form_Load}};
-Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Keywords", .Style = Look::Title}};
+Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Keywords", .Style = TextStyle::Title}};
 Label Label3{Me, "Label3",
     {.At = {24, 58, 516, 18}, .Caption = "Here are your keywords that will be used in the expansion process"}};
-Image hlpTitle{Me, "hlpTitle", {.At = {554, 56, 22, 22}, .Says = "Help: Keyword Entry", .Click = hlpTitle_Click}};
+Image hlpTitle{Me, "hlpTitle",
+    {.At = {554, 56, 22, 22}, .AccessibleName = "Help: Keyword Entry", .As = Role::Help, .Click = hlpTitle_Click}};
 Label Label2{Me, "Label2",
     {.At = {24, 84, 276, 90},
         .Caption = "Enter keyword phrases that are most relevant to your site's content and purpose.  After "
@@ -31,36 +33,51 @@ Label Label2{Me, "Label2",
                    "it to your list.",
         .Click = Label2_Click}};
 Label Label4{Me, "Label4", {.At = {24, 178, 276, 18}, .Caption = "Keyword"}};
-TextBox Text1{Me, "Text1", {.At = {24, 198, 276, 26}, .Says = "Keyword", .KeyPress = Text1_KeyPress}};
+TextBox Text1{Me, "Text1", {.At = {24, 198, 276, 26}, .AccessibleName = "Keyword", .KeyPress = Text1_KeyPress}};
 Label Label5{
-    Me, "Label5", {.At = {24, 230, 276, 18}, .Caption = "Example: Florida Refinance Loan", .Style = Look::Dim}};
+    Me, "Label5", {.At = {24, 230, 276, 18}, .Caption = "Example: Florida Refinance Loan", .Style = TextStyle::Dim}};
 Image btn_AddKeyword{
-    Me, "btn_AddKeyword", {.At = {24, 254, 138, 32}, .Says = "Add Keyword", .Click = btn_AddKeyword_Click}};
+    Me, "btn_AddKeyword", {.At = {24, 254, 138, 32}, .AccessibleName = "Add Keyword", .Click = btn_AddKeyword_Click}};
 Image btn_hlpAddKeyword{Me, "btn_hlpAddKeyword",
-    {.At = {170, 259, 22, 22}, .Says = "Help: Add a Keyword", .Click = btn_hlpAddKeyword_Click}};
+    {.At = {170, 259, 22, 22},
+        .AccessibleName = "Help: Add a Keyword",
+        .As = Role::Help,
+        .Click = btn_hlpAddKeyword_Click}};
 Label Label9{Me, "Label9", {.At = {24, 300, 286, 18}, .Caption = "Load keywords from text file (one per line)"}};
-Image btnLoadKeywords{Me, "btnLoadKeywords", {.At = {24, 322, 92, 32}, .Says = "Load", .Click = btnLoadKeywords_Click}};
+Image btnLoadKeywords{
+    Me, "btnLoadKeywords", {.At = {24, 322, 92, 32}, .AccessibleName = "Load", .Click = btnLoadKeywords_Click}};
 Image hlpLoadKeywordFile{Me, "hlpLoadKeywordFile",
-    {.At = {124, 327, 22, 22}, .Says = "Help: Load Keywords from a File", .Click = hlpLoadKeywordFile_Click}};
-Label Label6{Me, "Label6", {.At = {324, 84, 252, 20}, .Caption = "Master Keyword List", .Style = Look::SubTitle}};
-ListBox lstKeywords{Me, "lstKeywords", {.At = {324, 108, 252, 140}, .Says = "Master Keyword List"}};
+    {.At = {124, 327, 22, 22},
+        .AccessibleName = "Help: Load Keywords from a File",
+        .As = Role::Help,
+        .Click = hlpLoadKeywordFile_Click}};
+Label Label6{Me, "Label6", {.At = {324, 84, 252, 20}, .Caption = "Master Keyword List", .Style = TextStyle::SubTitle}};
+ListBox lstKeywords{Me, "lstKeywords", {.At = {324, 108, 252, 140}, .AccessibleName = "Master Keyword List"}};
 Label Label7{Me, "Label7", {.At = {324, 256, 112, 20}, .Caption = "Total Keywords: "}};
-Label KeywordCount{Me, "KeywordCount", {.At = {428, 256, 100, 20}, .Style = Look::Counter}};
+Label KeywordCount{Me, "KeywordCount", {.At = {428, 256, 100, 20}, .Style = TextStyle::Counter}};
 Label Label8{Me, "Label8",
     {.At = {324, 282, 252, 36}, .Caption = "To remove a keyword, click on the keyword and press the remove button."}};
 Image btnKeywordRemove{
-    Me, "btnKeywordRemove", {.At = {324, 322, 96, 32}, .Says = "Remove", .Click = btnKeywordRemove_Click}};
+    Me, "btnKeywordRemove", {.At = {324, 322, 96, 32}, .AccessibleName = "Remove", .Click = btnKeywordRemove_Click}};
 Image hlpKeywordRemove{Me, "hlpKeywordRemove",
-    {.At = {424, 327, 22, 22}, .Says = "Help: Keyword Removal", .Click = hlpKeywordRemove_Click}};
+    {.At = {424, 327, 22, 22},
+        .AccessibleName = "Help: Keyword Removal",
+        .As = Role::Help,
+        .Click = hlpKeywordRemove_Click}};
 Image btnKeywordClear{
-    Me, "btnKeywordClear", {.At = {458, 322, 92, 32}, .Says = "Clear All", .Click = btnKeywordClear_Click}};
+    Me, "btnKeywordClear", {.At = {458, 322, 92, 32}, .AccessibleName = "Clear All", .Click = btnKeywordClear_Click}};
 Image hlpClearAllKeywords{Me, "hlpClearAllKeywords",
-    {.At = {554, 327, 22, 22}, .Says = "Help: Clear All Keywords", .Click = hlpClearAllKeywords_Click}};
+    {.At = {554, 327, 22, 22},
+        .AccessibleName = "Help: Clear All Keywords",
+        .As = Role::Help,
+        .Click = hlpClearAllKeywords_Click}};
 ListBox List2{Me, "List2", {.Visible = false}};
 TextBox Text2{Me, "Text2", {.Caption = "C:\\", .Visible = false}};
 FileDialog CDOPEN{Me, "CDOPEN"};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
-Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
@@ -109,7 +126,7 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
             file = InProgramDir(number + "_store\\" + number + ".key");
         }
         if (!ifFileExists(file)) {
-            // A path of three characters counts as done, with the help box alone. Wanted.
+            // Deliberate: a path of three characters counts as done, with the help box alone.
             if (Len(file) == 3)
                 ShowHelpBox(Me, "Invalid Filename",
                     file + " is an invalid file name:  Please provide the direct location to the file containing "
@@ -121,13 +138,13 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
                 Result = 2;
             return;
         }
-        // The rules for a keyword bind typing alone: rows are taken as they are, empty ones too. Wanted.
-        const Text text = HostFiles::Read(file);
+        // Deliberate: the rules for a keyword bind typing alone: rows are taken as they are, empty ones too.
+        const Text text = Files::Read(file);
         std::size_t from = 0;
         for (int i = 0; i < mostKeywords; ++i) {
             const std::size_t end = text.find('\r', from);
             if (end == Text::npos) {
-                // A last line of one character is dropped. Wanted.
+                // Deliberate: a last line of one character is dropped.
                 if (text.size() - from > 1) {
                     theList.AddItem(text.substr(from));
                     ++KeywordTotal;
@@ -136,7 +153,7 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
             }
             theList.AddItem(text.substr(from, end - from));
             ++KeywordTotal;
-            // Two characters behind every line, be the second an LF or the head of the next keyword. Wanted.
+            // Deliberate: two characters behind every line, be the second an LF or the head of the next keyword.
             from = std::min(end + 2, text.size());
         }
     });
@@ -166,7 +183,7 @@ void btn_AddKeyword_Click()
     Trap([] {
         if (Text1.Text == "")
             return;
-        if (Holds(Text1.Text, "+")) {
+        if (Contains(Text1.Text, "+")) {
             MsgBox(Text(goodKeywords) + "\r\nThe character + is not allowed.");
             return;
         }
@@ -191,12 +208,12 @@ static void RefusePlus()
 void Text1_KeyPress(int &KeyAscii)
 {
     Trap([&] {
-        // The character itself stays in the box. Wanted.
+        // Deliberate: the character itself stays in the box.
         if (KeyAscii == '+')
             RefusePlus();
         if (KeyAscii != 13 || Text1.Text == "")
             return;
-        if (Holds(Text1.Text, "+"))
+        if (Contains(Text1.Text, "+"))
             RefusePlus();
         else
             AddKeyword();
@@ -230,7 +247,7 @@ void btnLoadKeywords_Click()
         LoadFlag = 1;
         CDOPEN.Filter = "Text Files (*.txt)|*.txt|(*.*)|*.*|";
         CDOPEN.ShowOpen();
-        // A cancelled dialog leaves no name, and is told of like a file that isn't there. Wanted.
+        // Deliberate: a cancelled dialog leaves no name, and is told of like a file that isn't there.
         Text2.Text = CDOPEN.FileName;
         if (LoadThoseKeywords(lstKeywords, Text2.Text) == 2)
             ShowMessageLines({"The file:  " + Text2.Text, " is non-existent or an invalid file type", "",
@@ -253,7 +270,7 @@ static void SortAndSave()
     for (std::size_t i = 0; i < sorted.size(); ++i)
         text += (i == 0 ? "" : CRLF) + sorted[i];
     List2.SetRows(sorted);
-    // An empty row, or too long a one, stays in the list ahead of the others, uncounted and unwritten. Wanted.
+    // Deliberate: an empty row, or too long a one, stays in the list ahead of the others, uncounted and unwritten.
     staying.insert(staying.end(), sorted.begin(), sorted.end());
     lstKeywords.SetRows(std::move(staying));
     KeywordTotal = List2.ListCount();

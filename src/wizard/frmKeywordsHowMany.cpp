@@ -13,19 +13,24 @@ namespace frmKeywordsHowMany
 void Form_Load(), btnBack_Click(), btnNext_Click(), hlpTitle_Click(), btnCloseHelp_Click();
 
 Form Me{"frmKeywordsHowMany", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Keywords Per Filename", .Style = Look::Title}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Keywords Per Filename", .Style = TextStyle::Title}};
 Label Label2{Me, "Label2", {.At = {24, 62, 150, 36}, .Caption = "Number of keywords per file name:"}};
 TextBox txtKeywordsPerFilename{Me, "txtKeywordsPerFilename",
-    {.At = {24, 106, 92, 26}, .Caption = "3", .Says = "Number of keywords per file name"}};
+    {.At = {24, 106, 92, 26}, .Caption = "3", .AccessibleName = "Number of keywords per file name"}};
 Label lblDesc{Me, "lblDesc", {.At = {204, 62, 336, 290}}};
-Image hlpTitle{
-    Me, "hlpTitle", {.At = {554, 60, 22, 22}, .Says = "Help: Keywords Per Filename", .Click = hlpTitle_Click}};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
-Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
+Image hlpTitle{Me, "hlpTitle",
+    {.At = {554, 60, 22, 22},
+        .AccessibleName = "Help: Keywords Per Filename",
+        .As = Role::Help,
+        .Click = hlpTitle_Click}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
-// The two blanks in "your site  by" stand so. Wanted.
+// Deliberate: the two blanks in "your site  by" stand so.
 static Text Description(const Text &theNewFileName)
 {
     return "As your site is expanded, Ferncastle will greatly increase your keyword density and the page rank of every "
@@ -50,7 +55,7 @@ void Form_Load()
         if (LowerText(txtKeywordsPerFilename.Text) == "filenotexist")
             txtKeywordsPerFilename.Text = "3";
         KeywordsPerFilename = NumberAtStart(txtKeywordsPerFilename.Text);
-        // No new name ever begins with the old one; the help topic shows the true form. Wanted.
+        // Deliberate: no new name ever begins with the old one; the help topic shows the true form.
         lblDesc.Caption = Description("contact-451534-rates-refinance-mortgage.htm");
     });
 }
@@ -58,7 +63,7 @@ void Form_Load()
 static void SaveNumber()
 {
     KeywordsPerFilename = NumberAtStart(txtKeywordsPerFilename.Text);
-    // The marker goes into the file twice; a reader stops at the first. Wanted.
+    // Deliberate: the marker goes into the file twice; a reader stops at the first.
     SaveMarkedFile(InStoreDir("NumberOfKeywords.sav"), txtKeywordsPerFilename.Text + "[]", 1);
 }
 

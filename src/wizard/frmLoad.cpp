@@ -5,7 +5,9 @@
 #include "core/TextOps.h"
 #include "core/Trap.h"
 #include "core/Utils.h"
-#include "toolkit/HostFiles.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "toolkit/Pickers.h"
 #include "wizard/HelpBox.h"
 #include "wizard/MenuBar.h"
 #include "wizard/ScreenLook.h"
@@ -18,20 +20,23 @@ void Form_Load(), hlpList_Click(), lstProjNames_DblClick(), btnBack_Click(), btn
     btnNext_Click(), btnCloseHelp_Click();
 
 Form Me{"frmLoad", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Load a Saved Project", .Style = Look::Title}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Load a Saved Project", .Style = TextStyle::Title}};
 Label Label3{Me, "Label3", {.At = {24, 62, 500, 20}, .Caption = "Here are your available saved projects"}};
 ListBox lstProjNames{Me, "lstProjNames",
-    {.At = {24, 88, 520, 264}, .Says = "Your available saved projects", .DblClick = lstProjNames_DblClick}};
-Image hlpList{Me, "hlpList", {.At = {554, 88, 22, 22}, .Says = "Help: Project List", .Click = hlpList_Click}};
+    {.At = {24, 88, 520, 264}, .AccessibleName = "Your available saved projects", .DblClick = lstProjNames_DblClick}};
+Image hlpList{Me, "hlpList",
+    {.At = {554, 88, 22, 22}, .AccessibleName = "Help: Project List", .As = Role::Help, .Click = hlpList_Click}};
 // In step with lstProjNames, row for row.
 ListBox lstProjNums{Me, "lstProjNums", {.Visible = false}};
 ListBox lstDomainNames{Me, "lstDomainNames", {.Visible = false}};
 FileList File1{Me, "File1", {.Visible = false}};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
-Image btnRemove{Me, "btnRemove", {.At = {132, 373, 96, 32}, .Says = "Remove", .Click = btnRemove_Click}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+Image btnRemove{Me, "btnRemove", {.At = {132, 373, 96, 32}, .AccessibleName = "Remove", .Click = btnRemove_Click}};
 Image hlpRemove{Me, "hlpRemove", {.At = {236, 378, 22, 22}}};
 Button Command2{Me, "Command2", {.At = {274, 373, 96, 32}, .Caption = "Command2", .Click = Command2_Click}};
-Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, MenuBeforeProject<Menu>()};
 
@@ -42,8 +47,8 @@ void Form_Load()
         Menu.mnuTools.Visible = false;
         hlpList.Picture = PictureOf("btnHelp.jpg");
         File1.Pattern = "*.pro";
-        File1.Path = HostFiles::ProgramDir();
-        // Nothing ever shows them again: a project cannot be removed. Wanted.
+        File1.Path = Paths::ProgramDir();
+        // Deliberate: nothing ever shows them again: a project cannot be removed.
         btnRemove.Visible = false;
         hlpRemove.Visible = false;
         Command2.Visible = false;
@@ -75,17 +80,17 @@ Text getProjectName(const Text &theNumber, int which)
     Trap([&] {
         const Text name = theNumber + (which < 1 ? ".name" : ".dom");
         const Text file = InProgramDir(theNumber + "_store\\" + name);
-        // Without "_store", though the file is looked for there. Wanted.
+        // Deliberate: without "_store", though the file is looked for there.
         const Text shownFile = InProgramDir(theNumber + "\\" + name);
         if (!ifFileExists(file)) {
             ShowMessageLines({"Error:", "The project storage file:", shownFile, "could not be found.", "",
                 "getProjectName.frmLoad"});
             return;
         }
-        const Text text = HostFiles::Read(file);
+        const Text text = Files::Read(file);
         const std::int64_t end = FindText(1, text, "[]");
         if (end == 0) {
-            // "delimeters" stands so. Wanted.
+            // Deliberate: "delimeters" stands so.
             ShowMessageLines({"Error:",
                 "A valid project name could not be found due to the lack of the proper delimeters [] "
                 "being found in file:",
@@ -115,7 +120,7 @@ void btnNext_Click()
             ProjectNumber = lstProjNums.List(row);
             DomainName = lstDomainNames.List(row);
         } else {
-            // The complaint doesn't hold anybody back: the move is made with the globals as they stand. Wanted.
+            // Deliberate: the complaint doesn't hold anybody back: the move is made with the globals as they stand.
             ShowHelpBox(Me, "Load Error",
                 "Please select a project to load by clicking on it in the list or return to the main menu to "
                 "create a new project.");
@@ -146,9 +151,9 @@ void btnRemove_Click()
                        CRLF + file,
                 msgYesNo) != answerYes)
             return;
-        HostFiles::Delete(InProgramDir(file));
+        Files::Delete(InProgramDir(file));
         lstProjNames.Clear();
-        File1.Path = HostFiles::ProgramDir();
+        File1.Path = Paths::ProgramDir();
         File1.Refresh();
         for (int i = 0; i < File1.ListCount(); ++i)
             lstProjNames.AddItem(GATHERFROMFILE(InProgramDir(File1.List(i))));
@@ -166,7 +171,7 @@ void Command2_Click()
             "lstProjNums.listindex: " + std::to_string(lstProjNums.ListIndex)});
         ShowMessageLines({"lstProjNames.List(lstProjNames.listindex): " + lstProjNames.List(row),
             "lstProjNums.List(lstProjNames.listindex): " + lstProjNums.List(row)});
-        // The second line shows the domain too. Wanted.
+        // Deliberate: the second line shows the domain too.
         ShowMessageLines({"lstDomainNames.List(lstProjNames.listindex): " + lstDomainNames.List(row),
             "lstProjNums.List(lstProjNames.listindex): " + lstDomainNames.List(row)});
     });

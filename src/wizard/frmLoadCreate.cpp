@@ -15,20 +15,28 @@ void Form_Load(), btnCreate_Click(), lblCreate1_Click(), hlpCreate_Click(), btnL
     hlpLoad_Click(), btnBack_Click(), btnCloseHelp_Click();
 
 Form Me{"frmLoadCreate", {.Load = Form_Load}};
-Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Load or Create Menu", .Style = Look::Title}};
-Image btnCreate{Me, "btnCreate", {.At = {27, 54, 248, 176}, .Says = "Create a new project", .Click = btnCreate_Click}};
+Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Load or Create Menu", .Style = TextStyle::Title}};
+Image btnCreate{Me, "btnCreate",
+    {.At = {27, 54, 248, 176}, .AccessibleName = "Create a new project", .As = Role::Card, .Click = btnCreate_Click}};
 Label lblCreate1{Me, "lblCreate1",
-    {.At = {45, 246, 180, 22}, .Caption = "Create", .Style = Look::SubTitle, .Click = lblCreate1_Click}};
+    {.At = {45, 246, 180, 22}, .Caption = "Create", .Style = TextStyle::SubTitle, .Click = lblCreate1_Click}};
 Label lblCreate2{Me, "lblCreate2",
     {.At = {45, 274, 212, 40}, .Caption = "a new Ferncastle website project", .Click = lblCreate1_Click}};
-Image hlpCreate{Me, "hlpCreate", {.At = {235, 246, 22, 22}, .Says = "Help: Create Project", .Click = hlpCreate_Click}};
-Image btnLoad{Me, "btnLoad", {.At = {325, 54, 248, 176}, .Says = "Load an existing project", .Click = btnLoad_Click}};
-Label lblLoad1{
-    Me, "lblLoad1", {.At = {343, 246, 180, 22}, .Caption = "Load", .Style = Look::SubTitle, .Click = lblLoad1_Click}};
+Image hlpCreate{Me, "hlpCreate",
+    {.At = {235, 246, 22, 22}, .AccessibleName = "Help: Create Project", .As = Role::Help, .Click = hlpCreate_Click}};
+Image btnLoad{Me, "btnLoad",
+    {.At = {325, 54, 248, 176},
+        .AccessibleName = "Load an existing project",
+        .As = Role::Card,
+        .Click = btnLoad_Click}};
+Label lblLoad1{Me, "lblLoad1",
+    {.At = {343, 246, 180, 22}, .Caption = "Load", .Style = TextStyle::SubTitle, .Click = lblLoad1_Click}};
 Label lblLoad2{Me, "lblLoad2",
     {.At = {343, 274, 212, 40}, .Caption = "an existing Ferncastle website project", .Click = btnLoad_Click}};
-Image hlpLoad{Me, "hlpLoad", {.At = {533, 246, 22, 22}, .Says = "Help: Load a Project", .Click = hlpLoad_Click}};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
+Image hlpLoad{Me, "hlpLoad",
+    {.At = {533, 246, 22, 22}, .AccessibleName = "Help: Load a Project", .As = Role::Help, .Click = hlpLoad_Click}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, MenuBeforeProject<Menu>()};
 
@@ -44,7 +52,7 @@ void Form_Load()
     });
 }
 
-// Only the first project's directory decides, however many others there are. Wanted.
+// Deliberate: only the first project's directory decides, however many others there are.
 static void LoadIfThereIs(const Text &theDir)
 {
     if (!ifDirExists(InProgramDir(theDir))) {
@@ -61,7 +69,7 @@ void btnLoad_Click()
     Trap([] { LoadIfThereIs("0001"); });
 }
 
-// Looks at another directory than btnLoad and lblLoad2 do. Wanted.
+// Deliberate: looks at another directory than btnLoad and lblLoad2 do.
 void lblLoad1_Click()
 {
     Trap([] { LoadIfThereIs("0001_store"); });
@@ -76,7 +84,7 @@ void btnCreate_Click()
     });
 }
 
-// Unlike btnCreate it leaves an open help box to the next screen. Wanted.
+// Deliberate: unlike btnCreate it leaves an open help box to the next screen.
 void lblCreate1_Click()
 {
     Trap([] {

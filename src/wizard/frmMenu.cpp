@@ -14,31 +14,38 @@ void Form_Load(), btnFerncastle_Click(), btnFAQ_Click(), btnContact_Click(), hlp
     hlpContact_Click(), btnCloseHelp_Click();
 
 Form Me{"frmMenu", {.Load = Form_Load}};
-Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Main Menu", .Style = Look::Title}};
-Image btnFerncastle{
-    Me, "btnFerncastle", {.At = {18, 70, 100, 84}, .Says = "Start Ferncastle", .Click = btnFerncastle_Click}};
-Image imgTitle{Me, "imgTitle", {.At = {136, 74, 260, 40}, .Says = "Ferncastle", .Click = btnFerncastle_Click}};
+Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Main Menu", .Style = TextStyle::Title}};
+Image btnFerncastle{Me, "btnFerncastle",
+    {.At = {18, 70, 100, 84}, .AccessibleName = "Start Ferncastle", .As = Role::Tile, .Click = btnFerncastle_Click}};
+Image imgTitle{Me, "imgTitle",
+    {.At = {136, 74, 260, 40}, .AccessibleName = "Ferncastle", .As = Role::Repeat, .Click = btnFerncastle_Click}};
 Label Label1{Me, "Label1",
     {.At = {136, 118, 400, 20},
         .Caption = "Boost your site's size, relevance, and ranking!",
         .Click = btnFerncastle_Click}};
-Image hlpFerncastle{
-    Me, "hlpFerncastle", {.At = {554, 101, 22, 22}, .Says = "Help: Ferncastle", .Click = hlpFerncastle_Click}};
-Image btnFAQ{Me, "btnFAQ", {.At = {18, 169, 100, 84}, .Says = "FAQ", .Click = btnFAQ_Click}};
+Image hlpFerncastle{Me, "hlpFerncastle",
+    {.At = {554, 101, 22, 22}, .AccessibleName = "Help: Ferncastle", .As = Role::Help, .Click = hlpFerncastle_Click}};
+Image btnFAQ{
+    Me, "btnFAQ", {.At = {18, 169, 100, 84}, .AccessibleName = "FAQ", .As = Role::Tile, .Click = btnFAQ_Click}};
 Label Label2{
-    Me, "Label2", {.At = {136, 186, 400, 22}, .Caption = "FAQ", .Style = Look::SubTitle, .Click = btnFAQ_Click}};
+    Me, "Label2", {.At = {136, 186, 400, 22}, .Caption = "FAQ", .Style = TextStyle::SubTitle, .Click = btnFAQ_Click}};
 Label Label3{Me, "Label3",
     {.At = {136, 212, 400, 20}, .Caption = "Find answers to Frequently Asked Questions here.", .Click = btnFAQ_Click}};
-Image hlpFAQ{Me, "hlpFAQ", {.At = {554, 200, 22, 22}, .Says = "Help: FAQ", .Click = hlpFAQ_Click}};
-Image btnContact{Me, "btnContact", {.At = {18, 269, 100, 84}, .Says = "Support", .Click = btnContact_Click}};
+Image hlpFAQ{
+    Me, "hlpFAQ", {.At = {554, 200, 22, 22}, .AccessibleName = "Help: FAQ", .As = Role::Help, .Click = hlpFAQ_Click}};
+Image btnContact{Me, "btnContact",
+    {.At = {18, 269, 100, 84}, .AccessibleName = "Support", .As = Role::Tile, .Click = btnContact_Click}};
 Label Label4{Me, "Label4",
-    {.At = {136, 280, 400, 22}, .Caption = "Support", .Style = Look::SubTitle, .Click = btnContact_Click}};
+    {.At = {136, 280, 400, 22}, .Caption = "Support", .Style = TextStyle::SubTitle, .Click = btnContact_Click}};
 Label Label5{Me, "Label5",
     {.At = {136, 306, 400, 38},
         .Caption = "Need a hand?  Come talk to me or find out more about the software.",
         .Click = btnContact_Click}};
-Image hlpContact{
-    Me, "hlpContact", {.At = {554, 300, 22, 22}, .Says = "Help: Support / Contact", .Click = hlpContact_Click}};
+Image hlpContact{Me, "hlpContact",
+    {.At = {554, 300, 22, 22},
+        .AccessibleName = "Help: Support / Contact",
+        .As = Role::Help,
+        .Click = hlpContact_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, MenuBeforeProject<Menu>()};
 

@@ -12,13 +12,17 @@ namespace frmQuillmark
 void Form_Load(), btnBack_Click(), btnNext_Click(), hlpTitle_Click(), btnCloseHelp_Click();
 
 Form Me{"frmQuillmark", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Using Quillmark", .Style = Look::Title}};
-CheckBox chkUsingQuillmark{Me, "chkUsingQuillmark", {.At = {24, 62, 178, 22}, .Says = "I am using Quillmark"}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Using Quillmark", .Style = TextStyle::Title}};
+CheckBox chkUsingQuillmark{
+    Me, "chkUsingQuillmark", {.At = {24, 62, 178, 22}, .AccessibleName = "I am using Quillmark"}};
 Label Label2{Me, "Label2", {.At = {54, 64, 150, 18}, .Caption = "I am using Quillmark"}};
-Image hlpTitle{Me, "hlpTitle", {.At = {212, 62, 22, 22}, .Says = "Help: Using Quillmark", .Click = hlpTitle_Click}};
+Image hlpTitle{Me, "hlpTitle",
+    {.At = {212, 62, 22, 22}, .AccessibleName = "Help: Using Quillmark", .As = Role::Help, .Click = hlpTitle_Click}};
 Label lblDesc{Me, "lblDesc", {.At = {24, 104, 516, 144}}};
-Image btnBack{Me, "btnBack", {.At = {24, 372, 92, 34}, .Says = "Back", .Click = btnBack_Click}};
-Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
@@ -59,7 +63,7 @@ void btnNext_Click()
 {
     Trap([] {
         SaveChoice();
-        // The help box is left as it is. Wanted.
+        // Deliberate: the help box is left as it is.
         frmConfirm::Me.Show();
         Me.Unload();
     });

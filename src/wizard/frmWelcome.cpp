@@ -11,18 +11,22 @@ namespace frmWelcome
 void Form_Load(), hlpWelcome_Click(), chkHideWelcome_Click(), btnNext_Click(), btnCloseHelp_Click();
 
 Form Me{"frmWelcome", {.Load = Form_Load}};
-Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Welcome", .Style = Look::Title}};
-Label Label1{Me, "Label1", {.At = {24, 92, 400, 22}, .Caption = "Welcome to", .Style = Look::SubTitle}};
-Image imgTitle{Me, "imgTitle", {.At = {24, 124, 420, 96}, .Says = "Ferncastle"}};
-Image hlpWelcome{Me, "hlpWelcome", {.At = {554, 161, 22, 22}, .Says = "Help: Ferncastle", .Click = hlpWelcome_Click}};
-Label Label2{
-    Me, "Label2", {.At = {24, 230, 400, 22}, .Caption = "website expander and enhancer.", .Style = Look::SubTitle}};
+Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Welcome", .Style = TextStyle::Title}};
+Label Label1{Me, "Label1", {.At = {24, 92, 400, 22}, .Caption = "Welcome to", .Style = TextStyle::SubTitle}};
+Image imgTitle{Me, "imgTitle", {.At = {24, 124, 420, 96}, .AccessibleName = "Ferncastle"}};
+Image hlpWelcome{Me, "hlpWelcome",
+    {.At = {554, 161, 22, 22}, .AccessibleName = "Help: Ferncastle", .As = Role::Help, .Click = hlpWelcome_Click}};
+Label Label2{Me, "Label2",
+    {.At = {24, 230, 400, 22}, .Caption = "website expander and enhancer.", .Style = TextStyle::SubTitle}};
 CheckBox chkHideWelcome{Me, "chkHideWelcome",
-    {.At = {24, 329, 330, 22}, .Says = "Don't show this Welcome Screen in the future", .Click = chkHideWelcome_Click}};
+    {.At = {24, 329, 330, 22},
+        .AccessibleName = "Don't show this Welcome Screen in the future",
+        .Click = chkHideWelcome_Click}};
 Label Label3{Me, "Label3", {.At = {50, 330, 400, 20}, .Caption = "Don't show this Welcome Screen in the future"}};
-Image btnNext{Me, "btnNext", {.At = {484, 372, 92, 34}, .Says = "Next", .Click = btnNext_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, btnCloseHelp_Click};
-// None of its items does anything on this screen. Wanted.
+// Deliberate: none of its items does anything on this screen.
 MenuBar Menu{Me, {}};
 
 void Form_Load()
@@ -38,7 +42,7 @@ void Form_Load()
 void hlpWelcome_Click()
 {
     Trap([] {
-        // "the number of page" stands so. Wanted.
+        // Deliberate: "the number of page" stands so.
         ShowHelpBox(Me, "Ferncastle",
             "Ferncastle is dedicated to getting more search engine attention to your site by employing several "
             "methods.  First of all it's going to increase the size of your site by roughly the number of pages your "
@@ -52,7 +56,7 @@ void hlpWelcome_Click()
     });
 }
 
-// The box starts unticked on every showing, whatever is saved. Wanted.
+// Deliberate: the box starts unticked on every showing, whatever is saved.
 void chkHideWelcome_Click()
 {
     Trap([] { SaveVariable("ShowWelcome", chkHideWelcome.Value ? "0" : "1", 0); });

@@ -14,7 +14,7 @@ struct FileServices : TestSite {
     FileServices() { StartProject(); }
     Text Now(const Text &theFile) const
     {
-        HostFiles::Settle();
+        PendingWrites::Flush();
         return OnDisk(theFile);
     }
 };
@@ -87,10 +87,10 @@ TEST_F(FileServices, LinesAreAppended)
     for (const auto &[before, after] : Pairs{{"", "b\r\n"}, {"a\r\n", "a\r\nb\r\n"}, {"a\n", "a\nb\r\n"},
              {"a", "a\r\nb\r\n"}, {"a\r", "a\r\r\nb\r\n"}}) {
         PutAt(program / "a.sav", before);
-        EXPECT_EQ(AppendLineToFile("a.sav", HostFiles::ProgramDir(), "b"), 0);
+        EXPECT_EQ(AppendLineToFile("a.sav", Paths::ProgramDir(), "b"), 0);
         EXPECT_EQ(Now("a.sav"), after) << before;
     }
-    EXPECT_EQ(AppendLineToFile("0001", HostFiles::ProgramDir(), "b"), 0) << "a failure is silent";
+    EXPECT_EQ(AppendLineToFile("0001", Paths::ProgramDir(), "b"), 0) << "a failure is silent";
 }
 
 TEST_F(FileServices, FilesAreCopied)

@@ -1,5 +1,5 @@
+#include "base/Failure.h"
 #include "core/TextOps.h"
-#include "toolkit/Failure.h"
 #include <gtest/gtest.h>
 
 TEST(TextOps, PartsAreCutAndFoundAtTheirEdges)

@@ -4,7 +4,10 @@
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
-#include "toolkit/HostFiles.h"
+#include "disk/DirectoryCache.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "disk/PendingWrites.h"
 #include "toolkit/Services.h"
 #include <QAbstractButton>
 #include <QApplication>
@@ -26,11 +29,11 @@ public:
     WindowTest()
     {
         std::filesystem::copy(FERNCASTLE_DATA_DIR, program, std::filesystem::copy_options::recursive);
-        HostFiles::SetProgramDir(program.string());
-        HostFiles::RecheckAfter(0);
+        Paths::SetProgramDir(program.string());
+        DirectoryCache::SetRecheckInterval(0);
         Application::Dress();
         desktop = std::make_unique<Desktop>();
-        Present(desktop.get());
+        SetPresentation(desktop.get());
         DefaultBoxTitle = AppTitle = "Ferncastle";
         FormWidth = 600;
         FormHeight = 435;
@@ -38,7 +41,7 @@ public:
     ~WindowTest() override
     {
         desktop.reset();
-        HostFiles::Settle();
+        PendingWrites::Flush();
         std::filesystem::remove_all(program);
     }
 
@@ -64,7 +67,7 @@ public:
         // The same new names each time, with keywords: bare numbers would soon meet twice.
         SetClock(1);
         KeywordsPerFilename = 3;
-        LocalSiteDir = HostFiles::ProgramDir() + "\\sample\\";
+        LocalSiteDir = Paths::ProgramDir() + "\\sample\\";
         std::filesystem::create_directories(program / "0001");
         std::filesystem::create_directories(program / "0001_store");
         const auto write = [&](const char *theEnd, const Text &theText) {
@@ -148,7 +151,7 @@ public:
         return focus ? focus->objectName().toStdString() : "(none)";
     }
     // Does something as soon as it can be done, in the midst of whatever is running then.
-    template <class Condition, class Deed> static void When(Condition isSo, Deed theDeed)
+    template <class Condition, class Action> static void When(Condition isSo, Action theAction)
     {
         auto *look = new QTimer(qApp);
         look->callOnTimeout([=] {
@@ -156,21 +159,21 @@ public:
                 return;
             look->deleteLater();
             look->stop();
-            theDeed();
+            theAction();
         });
         look->start(5);
     }
     // The same to the next modal box. The words of the box are kept.
-    template <class Deed> void InNextBox(Deed theDeed)
+    template <class Action> void InNextBox(Action theAction)
     {
         const auto isThere = [] {
             const QWidget *box = QApplication::activeModalWidget();
             return box && box->isVisible() && box == QApplication::activeWindow();
         };
-        When(isThere, [this, theDeed] {
+        When(isThere, [this, theAction] {
             QWidget &box = *QApplication::activeModalWidget();
             boxSaid = box.property("text").toString().toStdString();
-            theDeed(box);
+            theAction(box);
         });
     }
     void AnswerNextBox(const char *theButton)

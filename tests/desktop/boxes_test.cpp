@@ -1,6 +1,7 @@
 // The boxes before the windows, and texts of every kind in boxes and on screens.
 #include "WindowTest.h"
 #include "desktop/Boxes.h"
+#include "toolkit/Gates.h"
 #include "wizard/frmConfirm.h"
 #include "wizard/frmDoItAlready.h"
 #include "wizard/frmLoad.h"
@@ -92,7 +93,7 @@ TEST_F(WindowTest, EqualBoxesCanBeSilenced)
     };
     RunProgram(
         [&] {
-            for (int deed = 0; deed < 2; ++deed) {
+            for (int action = 0; action < 2; ++action) {
                 seen.clear();
                 InNextBox(answer);
                 Click("frmProbe.go");
@@ -156,7 +157,7 @@ TEST_F(WindowTest, TextsOfEveryKind)
     // Not UTF-8, with what menus and pages take for marks of their own.
     ProjectName = "F\xE4rn & <b>S\xF6hne</b> && R&D";
     const QString name = QStringLiteral("F\u00E4rn & <b>S\u00F6hne</b> && R&D");
-    LocalSiteDir = HostFiles::ProgramDir();
+    LocalSiteDir = Paths::ProgramDir();
     for (int deep = 0; deep < 12; ++deep)
         LocalSiteDir += "\\a_directory_far_below_&_beyond";
     std::ofstream(program / "0001_store" / "0001.key", std::ios::binary) << ProjectName << "\r\nfern\r\n";

@@ -1,6 +1,7 @@
 // What a user can do while a run is under way.
 #include "WindowTest.h"
 #include "engine/frmProcess.h"
+#include "toolkit/Gates.h"
 #include "wizard/frmDoItAlready.h"
 #include <QMenu>
 #include <QMenuBar>
@@ -21,9 +22,9 @@ struct Run : WindowTest {
                 file << "<a href=\"page" << (page + link) % pageCount << ".htm\">further</a> ";
             file << "</body></html>";
         }
-        LocalSiteDir = HostFiles::ProgramDir() + "\\made\\";
+        LocalSiteDir = Paths::ProgramDir() + "\\made\\";
     }
-    // Starts the run as a user does; the deeds for its midst are to be given before.
+    // Starts the run as a user does; the actions for its midst are to be given before.
     void StartRun()
     {
         MakeProject();
@@ -33,9 +34,9 @@ struct Run : WindowTest {
     }
     static int Files() { return std::stoi(Shows("frmProcess.lblFilesCnt")); }
     // In the midst of the run, once so many pages have been treated.
-    template <class Deed> static void At(int theFiles, Deed theDeed)
+    template <class Action> static void At(int theFiles, Action theAction)
     {
-        When([=] { return frmProcess::Me.Visible && Files() >= theFiles; }, theDeed);
+        When([=] { return frmProcess::Me.Visible && Files() >= theFiles; }, theAction);
     }
     // What the screen shows of a control, painted by whoever painted it last.
     QImage Seen(const Text &theName) const

@@ -5,10 +5,12 @@
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 #include "engine/frmProcess.h"
 #include "report/frmGeneratingReport.h"
 #include "report/frmReport.h"
-#include "toolkit/HostFiles.h"
+#include "toolkit/Gates.h"
 #include "wizard/HelpBox.h"
 #include <QApplication>
 #include <QDir>
@@ -35,11 +37,11 @@ int main(int argc, char **argv)
         return 2;
     }
     // Paths as short as a user's, wherever the directory lies.
-    HostFiles::MapDrive('c', QFileInfo(QDir(argv[1]).absolutePath()).path().toStdString());
-    HostFiles::SetProgramDir(QDir(argv[1]).absolutePath().toStdString());
+    Paths::MapDrive('c', QFileInfo(QDir(argv[1]).absolutePath()).path().toStdString());
+    Paths::SetProgramDir(QDir(argv[1]).absolutePath().toStdString());
     Application::Dress();
     Desktop desktop;
-    Present(&desktop);
+    SetPresentation(&desktop);
     const QDir out(argv[2]);
     const auto save = [&](const Form &form, const char *theWords) {
         Window *window = desktop.WindowOf(form);
@@ -79,7 +81,7 @@ int main(int argc, char **argv)
             save(*form, "");
             for (Element *element : form->Elements()) {
                 auto *spot = dynamic_cast<Image *>(element);
-                if (spot && spot->Now.Says.starts_with("Help: ") && spot->Design.Click && UserClick(*spot))
+                if (spot && spot->Now.AccessibleName.starts_with("Help: ") && spot->Design.Click && UserClick(*spot))
                     break;
             }
             Wait(150);

@@ -1,5 +1,6 @@
 // What must hold on every screen: words fit, names are there, the keyboard reaches what the mouse does.
 #include "WindowTest.h"
+#include "toolkit/Gates.h"
 #include "wizard/frmCreate.h"
 #include "wizard/frmDirectory.h"
 #include "wizard/frmLoadCreate.h"
@@ -17,7 +18,7 @@
 
 static bool IsReading(const Control &theControl)
 {
-    return dynamic_cast<const Label *>(&theControl) && theControl.Design.Style == Look::HelpText;
+    return dynamic_cast<const Label *>(&theControl) && theControl.Design.Style == TextStyle::HelpText;
 }
 
 static bool IsFilledIn(const Control &theControl)
@@ -30,14 +31,14 @@ static bool IsFilledIn(const Control &theControl)
 // What a program's text of any length may come to stand in: one line, and the rest in the tip.
 static bool IsValue(const Control &theControl)
 {
-    const Look style = theControl.Design.Style;
-    return style == Look::Value || style == Look::Counter || style == Look::Status;
+    const TextStyle style = theControl.Design.Style;
+    return style == TextStyle::Value || style == TextStyle::Counter || style == TextStyle::Status;
 }
 
 static bool IsHelpSpot(const Element &theElement)
 {
     const auto *image = dynamic_cast<const Image *>(&theElement);
-    return image && image->Design.Click && image->Now.Says.starts_with("Help: ");
+    return image && image->Design.As == Role::Help;
 }
 
 // Where a label's words stand, on its window.
@@ -82,22 +83,20 @@ struct Screens : WindowTest {
         const auto *heading = qobject_cast<QLabel *>(WidgetOf(Text(theForm.Name) + ".textHBHeading"));
         return heading && heading->text().toStdString() == theForm.Find<Label>("textHBHeading")->Now.Caption;
     }
-    template <class Deed> static void Each(const Form &theForm, const Window &theWindow, Deed theDeed)
+    template <class Action> static void Each(const Form &theForm, const Window &theWindow, Action theAction)
     {
         for (Element *element : theForm.Elements())
             if (auto *control = dynamic_cast<Control *>(element))
                 if (QWidget *widget = theWindow.WidgetOf(*control); widget && widget->isVisible())
-                    theDeed(*control, *widget);
+                    theAction(*control, *widget);
     }
     // What the keyboard is to reach, in the order of reading.
     static std::vector<QWidget *> Stops(const Form &theForm, Window &theWindow)
     {
         std::vector<QWidget *> Result;
-        std::set<Handler> earlier;
         Each(theForm, theWindow, [&](Control &theControl, QWidget &theWidget) {
-            const Handler click = theControl.Design.Click;
-            const bool isNew = click && earlier.insert(click).second;
-            const bool isPressed = isNew && !dynamic_cast<Label *>(&theControl);
+            const bool isPressed =
+                theControl.Design.Click && theControl.Design.As != Role::Repeat && !dynamic_cast<Label *>(&theControl);
             if (auto *browser = dynamic_cast<Browser *>(&theControl))
                 Result.push_back(theWindow.PagesOf(*browser).View());
             else if (isPressed || IsFilledIn(theControl) || IsReading(theControl))
@@ -292,13 +291,13 @@ TEST_F(Screens, DroppedFolder)
         return enter.isAccepted() && event.isAccepted();
     };
     const QPoint onList = WidgetOf("frmDirectory.Dir1")->geometry().center();
-    const Text ferns = HostFiles::ProgramDir() + "\\sample\\ferns";
+    const Text ferns = Paths::ProgramDir() + "\\sample\\ferns";
     EXPECT_TRUE(drop("frmDirectory", program / "sample" / "ferns", onList));
     EXPECT_EQ(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath, ferns);
     EXPECT_FALSE(drop("frmDirectory", program / "sample" / "index.html", onList));
     EXPECT_FALSE(drop("frmDirectory", program / "no such folder", onList));
     EXPECT_TRUE(drop("frmDirectory", program / "sample", QPoint(400, 150)));
-    EXPECT_EQ(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath, HostFiles::ProgramDir() + "\\sample");
+    EXPECT_EQ(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath, Paths::ProgramDir() + "\\sample");
     GoTo(frmMenu::Me);
     EXPECT_FALSE(drop("frmMenu", program / "sample", onList));
 }

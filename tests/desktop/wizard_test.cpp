@@ -153,7 +153,7 @@ TEST_F(Wizard, ByMouse)
         // A page of the new site leads on to one of its new pages, and back all the way.
         ClickLink(View(), ".htm");
         AwaitPage(".htm");
-        EXPECT_TRUE(isdigit(Shows("frmReport.txtAddress")[HostFiles::ProgramDir().size() + 6]));
+        EXPECT_TRUE(isdigit(Shows("frmReport.txtAddress")[Paths::ProgramDir().size() + 6]));
         for (const char *page : {"\\0001\\index.html", "0001_store\\report.html"}) {
             QTest::mouseClick(WindowOf("frmReport")->findChild<QWidget *>("Toolbar1Back"), Qt::LeftButton);
             AwaitPage(page);

@@ -41,7 +41,7 @@ struct SiteRun : TestSite {
     // The files of a directory of the new site, new numbers made equal, one after the other.
     Text NewFiles(const Text &theDir) const
     {
-        HostFiles::Settle();
+        PendingWrites::Flush();
         std::vector<Text> names;
         for (const auto &file : std::filesystem::directory_iterator(program / "0001" / theDir))
             if (file.is_regular_file())

@@ -133,7 +133,7 @@ TEST_F(Links, NamesAreMadeOfNumberWordsAndExtension)
     for (int i = 0; i < 200; ++i) {
         const Text name = MakeKeywordedFileName("a.b.html");
         EXPECT_TRUE(std::regex_match(name, std::regex("[0-9]{6}(-(rate|rates|Low Rate|fern)){2}\\.html"))) << name;
-        EXPECT_FALSE(Holds(name, "rates-rate") || Holds(name, "Low Rate-rate.")) << name;
+        EXPECT_FALSE(Contains(name, "rates-rate") || Contains(name, "Low Rate-rate.")) << name;
     }
     EXPECT_TRUE(std::regex_match(MakeKeywordedFileName("readme"), std::regex("[0-9]{6}(-[A-Za-z ]+){2}readme")));
     KeywordsPerFilename = 9;
@@ -149,7 +149,8 @@ TEST_F(Links, NamesAreMadeOfNumberWordsAndExtension)
     KeywordsPerFilename = 2;
     frmLists::lstKeywords.SetRows({"FERN", "one"});
     const Text name = MakeKeywordedFileName("page.htm");
-    EXPECT_TRUE(Holds(name, "-moss") && Holds(name, "-One") && !Holds(name, "fern")) << "the word itself isn't lowered";
+    EXPECT_TRUE(Contains(name, "-moss") && Contains(name, "-One") && !Contains(name, "fern"))
+        << "the word itself isn't lowered";
 }
 
 TEST_F(Links, CopiesStayInTheSiteAndTheProject)
@@ -161,7 +162,7 @@ TEST_F(Links, CopiesStayInTheSiteAndTheProject)
     EXPECT_EQ(BrokenLinksTally, 1);
     EXPECT_EQ(CreateNewlyKeywordedFile("secret.htm", "../../stolen.htm", "secret.htm"), 1);
     EXPECT_EQ(CreateNewlyKeywordedFile("site.test/a/page.htm", "1.htm", "page.htm"), 0);
-    HostFiles::Settle();
+    PendingWrites::Flush();
     EXPECT_EQ(OnDisk("0001/a/1.htm"), "<html>");
     EXPECT_EQ(OnDisk("stolen.htm") + OnDisk("0001/1.htm"), "(none)(none)");
 

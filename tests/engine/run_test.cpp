@@ -5,6 +5,7 @@
 #include "engine/PageText.h"
 #include "engine/RouteNav.h"
 #include "engine/do_the_file.h"
+#include "toolkit/Gates.h"
 
 namespace
 {
@@ -47,7 +48,7 @@ TEST_F(Run, LinksComeOutAsTheyWereWritten)
     Treat("<a href=\"../page.htm\">up", "sub\\");
     EXPECT_EQ(NewPage("sub/the page.htm"), "<a href=\"../NEW.htm\">up\r\n");
     EXPECT_EQ(OnDisk("site on x/sub/the page.htm"), "<a href=\"../page.htm\">up") << "the site stays as it was";
-    EXPECT_EQ(HostFiles::Files("x:\\")->size(), 2u);
+    EXPECT_EQ(Files::FilesIn("x:\\")->size(), 2u);
 }
 
 TEST_F(Run, CountsAndRecordsFollowEachLink)
@@ -67,11 +68,11 @@ TEST_F(Run, CountsAndRecordsFollowEachLink)
         EXPECT_EQ(label->Caption, count) << label->Name;
     EXPECT_EQ(frmLists::lstMediaLinksCnt.Rows(), (std::vector<Text>{"1", "0"})) << "always the first row";
     const Text page = "x:\\the page.htm[]\r\n";
-    EXPECT_EQ(HostFiles::Read(InStoreDir("BrokenLinksFiles.sav")), page + page + page);
-    EXPECT_EQ(HostFiles::Read(InStoreDir("BrokenLinksLinks.sav")),
+    EXPECT_EQ(Files::Read(InStoreDir("BrokenLinksFiles.sav")), page + page + page);
+    EXPECT_EQ(Files::Read(InStoreDir("BrokenLinksLinks.sav")),
         "<a href=\"../up.htm\">[]\r\n<a href=\"page.htm\">[]\r\n<a href=\"gone.htm\">[]\r\n")
         << "the link above the root took the plain one behind it along";
-    EXPECT_EQ(HostFiles::Read(InStoreDir("ExternalLinksLinks.sav")), "<a href=\"http://o.example\">[]\r\n");
+    EXPECT_EQ(Files::Read(InStoreDir("ExternalLinksLinks.sav")), "<a href=\"http://o.example\">[]\r\n");
 }
 
 TEST_F(Run, WalksTheSiteAndFillsTheProject)
@@ -141,7 +142,7 @@ TEST_F(Run, FailuresThatNothingTrapsEndTheProgram)
 TEST_F(Run, TheSiteIsNeverItsOwnNewSite)
 {
     PutAt(program / "0001" / "a.htm", "KEPT");
-    HostFiles::MapDrive('x', (program / "0001").string());
+    Paths::MapDrive('x', (program / "0001").string());
     RunSite();
     ASSERT_EQ(front.Failures.size(), 1u);
     EXPECT_EQ(OnDisk("0001/a.htm"), "KEPT");

@@ -33,8 +33,9 @@ TEST_F(Playing, ScriptsAreReadLineByLine)
     std::istringstream script("# a comment\n\n   \t\n  # another\nclick\tfrmMenu.btnNext   # why\r\n"
                               "type frmCreate.txtProjName  My  Site #1 \nfile\nfile c:\\a b\\c.txt");
     Text read;
-    for (const Deed &deed : ReadScript(script))
-        read += std::to_string(deed.Line) + deed.Verb + "," + deed.Target + "," + deed.Rest + "," + deed.All() + ";";
+    for (const Action &action : ReadScript(script))
+        read += std::to_string(action.Line) + action.Verb + "," + action.Target + "," + action.Rest + "," +
+                action.All() + ";";
     EXPECT_EQ(read, "5click,frmMenu.btnNext,,frmMenu.btnNext;"
                     "6type,frmCreate.txtProjName,My  Site #1,frmCreate.txtProjName My  Site #1;"
                     "7file,,,;8file,c:\\a,b\\c.txt,c:\\a b\\c.txt;");
@@ -83,7 +84,8 @@ TEST_F(Playing, EndsAreToldByTheirCodes)
         {start + "holds domains.lst never in it", endExpectation, "it does not"},
         {"click frmWelcome.btnNext", endScript, "no user could do that now"},
         {start + "click frmWelcome.btnNowhere", endScript, "there is no frmWelcome.btnNowhere"},
-        {start + "dance frmWelcome.btnNext", endScript, "no such deed"}, {"given No 1", endScript, "no such variable"},
+        {start + "dance frmWelcome.btnNext", endScript, "no such action"},
+        {"given No 1", endScript, "no such variable"},
         {start + "wait frmReport", endScript, "line 2: wait frmReport: this will never come"}};
     for (const auto &[script, code, says] : rows)
         EXPECT_TRUE(Play(script) == code && Said(says)) << script << "\n" << OnDisk("log");

@@ -24,7 +24,7 @@ struct ReportTest : TestSite {
         frmProcess::Menu.optUseFilters.Checked = false;
     }
     void Put(const Text &theFile, const Text &theText) const { PutAt(program / theFile, theText); }
-    static Text Page(const Text &theFile) { return HostFiles::Read(InStoreDir(theFile)); }
+    static Text Page(const Text &theFile) { return Files::Read(InStoreDir(theFile)); }
 };
 
 const Text fiveBlanks = "&nbsp;&nbsp;&nbsp;&nbsp;&nbsp;";
@@ -71,7 +71,7 @@ TEST_F(ReportTest, FillsThePagesAndRoutesTheSite)
                        "  <TR>\r\n    <TD COLSPAN=3>\r\n      <HR WIDTH=100%>\r\n    </TD>\r\n  </TR>\r\n";
     EXPECT_EQ(Page("report_media.html"), "M" + media + "m" + media + "\r\n");
     EXPECT_EQ(Page("report_linksbroken.html"), "an older page");
-    EXPECT_EQ(HostFiles::Read(project + "index.htm"), "<a href=\"home.htm\">\r\n");
+    EXPECT_EQ(Files::Read(project + "index.htm"), "<a href=\"home.htm\">\r\n");
     using namespace frmGeneratingReport;
     for (const Image *tick : {&chkboxLinksExt, &chkboxLinksBrk, &chkboxMediaReport, &chkboxStatGen, &chkboxRouteNav})
         EXPECT_EQ(tick->Now.Picture, InProgramDir("imgs\\chkboxDone.jpg")) << tick->Name;

@@ -9,11 +9,11 @@ std::vector<Text> told;      // the procedures that were called, in turn
 Handler atLoad, job, other;  // what those of the load and of the two buttons do then
 bool refusesClose = false;
 
-void Tell(const char *theWord, Handler theDeed = nullptr)
+void Tell(const char *theWord, Handler theAction = nullptr)
 {
     told.emplace_back(theWord);
-    if (theDeed)
-        theDeed();
+    if (theAction)
+        theAction();
 }
 void KeyPress(int &KeyAscii)
 {
@@ -120,9 +120,10 @@ TEST_F(Screens, ListsHoldRowsAndFiles)
     lstTried.RemoveItem(1);
     EXPECT_EQ(lstTried.ListIndex, -1) << "gone with its row";
     const auto revision = lstTried.Revision();
-    for (const Handler failing : std::vector<Handler>{[] { lstTried.SetList(3, ""); }, [] { lstTried.SetList(-1, ""); },
-             [] { lstTried.RemoveItem(2); }, [] { lstTried.ListIndex = 2; }, [] { lstTried.ListIndex = -2; },
-             [] { Dir1.Path = "x:\\gone"; }, [] { File1.Path = "x:\\b.htm"; }, [] { Drive1.Drive = "q:"; }})
+    for (const Handler &failing :
+        std::vector<Handler>{[] { lstTried.SetList(3, ""); }, [] { lstTried.SetList(-1, ""); },
+            [] { lstTried.RemoveItem(2); }, [] { lstTried.ListIndex = 2; }, [] { lstTried.ListIndex = -2; },
+            [] { Dir1.Path = "x:\\gone"; }, [] { File1.Path = "x:\\b.htm"; }, [] { Drive1.Drive = "q:"; }})
         EXPECT_THROW(failing(), RuntimeFailure);
     EXPECT_EQ(lstTried.Revision(), revision);
     EXPECT_EQ(lstTried.List(1) + lstTried.List(2) + lstTried.List(-1), "d");

@@ -40,8 +40,8 @@ TEST_F(FirstScreens, LowestFreeNumberIsTaken)
     Create("Ferns", "http://www.site.test//");
     EXPECT_EQ(ProjectNumber, "0002");
     EXPECT_TRUE(frmDirectory::Me.Visible && !frmCreate::Me.Loaded);
-    EXPECT_EQ(HostFiles::Read(InStoreDir("0002.name")), "Ferns[]\r\n");
-    EXPECT_EQ(HostFiles::Read(InStoreDir("0002.dom")), "site.test[]\r\n");
+    EXPECT_EQ(Files::Read(InStoreDir("0002.name")), "Ferns[]\r\n");
+    EXPECT_EQ(Files::Read(InStoreDir("0002.dom")), "site.test[]\r\n");
     Create("Ferns", "site.test");
     EXPECT_EQ(ProjectNumber, "0004");
 }
@@ -94,10 +94,10 @@ TEST_F(FirstScreens, LoadingNeedsTheFirstProject)
 TEST_F(FirstScreens, SavedDirectoryIsGoneTo)
 {
     MakeDir("site");
-    HostFiles::MapDrive('x', program.string());
+    Paths::MapDrive('x', program.string());
     Create("Ferns", "site.test");
     auto &list = *frmDirectory::Me.Find<DirList>("Dir1");
-    EXPECT_EQ(list.Path, HostFiles::ProgramDir());
+    EXPECT_EQ(list.Path, Paths::ProgramDir());
     list.Path = "x:\\site";
     UserEdit(*frmDirectory::Me.Find<TextBox>("txtDomainName"), "");
     Click(frmDirectory::Me, "btnNext");

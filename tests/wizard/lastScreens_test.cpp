@@ -25,7 +25,7 @@ struct LastScreens : TestSite {
             UserKey(The<TextBox>(theForm, "Text1"), key);
     }
     static ListBox &Keywords() { return The<ListBox>(frmKeywords::Me, "lstKeywords"); }
-    static Text Stored(const Text &theName) { return HostFiles::Read(InStoreDir(theName)); }
+    static Text Stored(const Text &theName) { return Files::Read(InStoreDir(theName)); }
 };
 }  // namespace
 
@@ -50,7 +50,7 @@ TEST_F(LastScreens, LoadsKeywordFiles)
         {"one\r\nxy", {"one", "xy"}}};
     ListBox &list = The<ListBox>(frmConfirm::Me, "lstKeywords");
     for (const auto &[content, rows] : files) {
-        HostFiles::Write(InStoreDir("0001.key"), content);
+        Files::Write(InStoreDir("0001.key"), content);
         list.Clear();
         KeywordTotal = 7;
         EXPECT_EQ(frmKeywords::LoadThoseKeywords(list, ""), 0);
@@ -80,7 +80,7 @@ TEST_F(LastScreens, FiftyThousandKeywordsTakeNoTime)
     Text file;
     for (int i = 0; i < 50000; ++i)
         file += "keyword " + std::to_string(i * 7919 % 50000) + "\r\n";
-    HostFiles::Write(InStoreDir("0001.key"), file);
+    Files::Write(InStoreDir("0001.key"), file);
     const auto start = std::chrono::steady_clock::now();
     frmKeywords::Me.Show();
     Click(frmKeywords::Me, "btnNext");

@@ -1,8 +1,9 @@
-// ferncastle-play: plays a script of a user's deeds, without a display.
+// ferncastle-play: plays a script of a user's actions, without a display.
 #include "core/TextOps.h"
 #include "core/frmSplash.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
 #include "player/Player.h"
-#include "toolkit/HostFiles.h"
 #include "toolkit/Services.h"
 #include <algorithm>
 #include <filesystem>
@@ -12,7 +13,7 @@
 static const char *const usage =
     "usage: ferncastle-play [--program-dir DIR] [--drive x=DIR]... [--seed N] [SCRIPT]\n"
     "DIR of --drive stands for drive x:, from d: on; c: is the root of this machine.\n"
-    "Plays SCRIPT, or standard input: a user's deeds, one a line. DEVELOPING.md tells the verbs.\n"
+    "Plays SCRIPT, or standard input: a user's actions, one a line. DEVELOPING.md tells the verbs.\n"
     "Exit status: 0 played, 1 an expectation failed, 2 the script is wrong, 3 a failure, 4 a standstill.\n";
 
 static Text FullPath(const Text &thePath)
@@ -30,10 +31,10 @@ int main(int argc, char **argv)
         const Text word = argv[i];
         const Text value = i + 1 < argc ? argv[i + 1] : "";
         if (word == "--program-dir" && !value.empty())
-            HostFiles::SetProgramDir(FullPath(value)), ++i;
+            Paths::SetProgramDir(FullPath(value)), ++i;
         else if (word == "--drive" && value.size() > 2 && value[1] == '=' && LowerChar(value[0]) > 'c' &&
                  LowerChar(value[0]) <= 'z')
-            HostFiles::MapDrive(value[0], FullPath(value.substr(2))), ++i;
+            Paths::MapDrive(value[0], FullPath(value.substr(2))), ++i;
         else if (word == "--seed" && !value.empty())
             SetClock(static_cast<std::uint64_t>(std::max(0.0, NumberAtStart(value)))), ++i;
         else if (scriptFile.empty() && !word.starts_with("-"))
@@ -43,8 +44,8 @@ int main(int argc, char **argv)
             return word == "--help" ? 0 : endScript;
         }
     }
-    if (!HostFiles::IsDirectory(HostFiles::ProgramDir())) {
-        std::cerr << "there is no program directory " << HostFiles::ProgramDir() << '\n';
+    if (!Files::IsDirectory(Paths::ProgramDir())) {
+        std::cerr << "there is no program directory " << Paths::ProgramDir() << '\n';
         return endScript;
     }
     std::ifstream file(scriptFile);

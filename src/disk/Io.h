@@ -1,11 +1,11 @@
-// The calls that differ from one operating system to the next; HostIo_posix.cpp serves Linux and macOS.
+// The calls that differ from one operating system to the next; Io_posix.cpp serves Linux and macOS.
 // Paths are the host's own here. Everything that fails throws a RuntimeFailure that names the path.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 #include <functional>
 #include <vector>
 
-namespace HostIo
+namespace Io
 {
 enum class Kind { None, File, Directory, Other };
 
@@ -57,4 +57,4 @@ std::int64_t FreeSpace(const Text &theDir);
 Text ProgramDirectory();
 // The host's drives: a letter each and the directory that it stands for.
 std::vector<std::pair<char, Text>> Drives();
-}  // namespace HostIo
+}  // namespace Io

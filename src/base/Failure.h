@@ -1,6 +1,6 @@
 // What can stop a procedure: a run-time failure, the end of the program, a standstill.
 #pragma once
-#include "toolkit/Text.h"
+#include "base/Text.h"
 #include <cstdint>
 #include <limits>
 
@@ -31,10 +31,6 @@ struct ProgramEnd {
 {
     throw ProgramEnd{0};
 }
-
-// Tells the user of a loop that can never end. theWhere names the procedure, theWhy is one sentence for a person.
-// Doesn't return: the program ends when the user agrees, at the player at once.
-[[noreturn]] void Standstill(const Text &theWhere, const Text &theWhy);
 
 // theValue as a 16-bit signed count; a run-time failure when it doesn't fit.
 inline std::int16_t Count16(std::int64_t theValue)

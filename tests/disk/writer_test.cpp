@@ -1,12 +1,12 @@
 // Files written beside the program's work: all of them, in their order, and failures told.
 #include "TestSite.h"
-#include "toolkit/HostWriter.h"
+#include "disk/Writer.h"
 
-using Writer = TestSite;
+using WriterTest = TestSite;
 
-TEST_F(Writer, WritesAllInOrderAndTellsFailures)
+TEST_F(WriterTest, WritesAllInOrderAndTellsFailures)
 {
-    HostWriter writer;
+    Writer writer;
     EXPECT_TRUE(writer.Finish().empty()) << "with nothing handed over yet";
     const auto path = [&](int i) { return (site / std::to_string(i % 700)).string(); };
     for (int i = 0; i < 1400; ++i) {
@@ -26,21 +26,21 @@ TEST_F(Writer, WritesAllInOrderAndTellsFailures)
         ASSERT_EQ(OnDisk(Text("site on x/").append(std::to_string(i % 700))), std::to_string(i).append(10, '.'));
 }
 
-TEST_F(Writer, TheProgramReadsWhatItHandedOver)
+TEST_F(WriterTest, TheProgramReadsWhatItHandedOver)
 {
     StartProject();
     Put("a.htm", "source");
     const Text page = "c:" + (program / "0001" / "a.htm").string();
     Text target = page;
     std::replace(target.begin(), target.end(), '/', '\\');
-    HostFiles::Copy("x:\\a.htm", target);
+    Files::Copy("x:\\a.htm", target);
     EXPECT_EQ(OnDisk("0001/a.htm"), "") << "the file is there, its bytes are not yet";
-    HostFiles::Write(target, "routed");
-    EXPECT_EQ(HostFiles::Read(target), "routed");
-    HostFiles::Append(target, " and more");
-    HostFiles::Settle();
+    Files::Write(target, "routed");
+    EXPECT_EQ(Files::Read(target), "routed");
+    Files::Append(target, " and more");
+    PendingWrites::Flush();
     EXPECT_EQ(OnDisk("0001/a.htm"), "routed and more");
-    HostFiles::Copy("x:\\a.htm", target);
+    Files::Copy("x:\\a.htm", target);
     EXPECT_EQ(OnDisk("0001/a.htm"), "source") << "over a file that is there at once";
-    EXPECT_TRUE(HostFiles::TakeFailures().empty());
+    EXPECT_TRUE(PendingWrites::TakeFailures().empty());
 }

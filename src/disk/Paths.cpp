@@ -1,75 +1,72 @@
-// Places: drives, the program's directory, and the forms of a path.
-#include "toolkit/HostFiles.h"
-#include "toolkit/HostMemory.h"
+#include "disk/Paths.h"
+#include "disk/Io.h"
 #include <algorithm>
 #include <map>
-
-using namespace HostMemory;
 
 namespace
 {
 std::map<char, Text> drives;
-Text programDir;
+unsigned driveChanges = 0;
+Text programDir, programHostDir;
 
 std::map<char, Text> &TheDrives()
 {
     if (drives.empty())
-        for (const auto &[letter, dir] : HostIo::Drives())
+        for (const auto &[letter, dir] : Io::Drives())
             drives[letter] = dir;
     return drives;
 }
-
-void SetProgram(const Text &theHostDir)
-{
-    programDir = HostFiles::FromHost(theHostDir);
-}
 }  // namespace
 
-namespace HostFiles
+namespace Paths
 {
 void MapDrive(char theLetter, const Text &theHostDir)
 {
-    Settle();
     TheDrives()[LowerChar(theLetter)] = theHostDir == "/" ? "" : theHostDir;
-    ForgetAll();
+    ++driveChanges;
+}
+
+std::vector<Text> Drives()
+{
+    std::vector<Text> Result;
+    for (const auto &drive : TheDrives())
+        Result.push_back(Text{drive.first, ':'});
+    return Result;
+}
+
+Text DriveRoot(char theLetter)
+{
+    const auto found = TheDrives().find(LowerChar(theLetter));
+    return found == TheDrives().end() ? "" : found->second.empty() ? "/" : found->second;
+}
+
+unsigned DriveChanges()
+{
+    return driveChanges;
 }
 
 const Text &ProgramDir()
 {
     if (programDir.empty())
-        SetProgram(HostIo::ProgramDirectory());
+        SetProgramDir(Io::ProgramDirectory());
     return programDir;
+}
+
+const Text &ProgramHostDir()
+{
+    ProgramDir();
+    return programHostDir;
 }
 
 void SetProgramDir(const Text &theHostDir)
 {
-    Settle();
-    SetProgram(theHostDir);
-    ForgetAll();
-}
-
-Text ToHost(const Text &thePath)
-{
-    const Text path = Plain(thePath);
-    if (path.size() < 3 || path[1] != ':' || !TheDrives().contains(LowerChar(path[0])))
-        return {};
-    if (path.size() == 3) {
-        const Text &root = TheDrives()[LowerChar(path[0])];
-        return root.empty() ? "/" : root;
-    }
-    std::string_view name;
-    Dir *const dir = FindParent(path, name);
-    if (dir) {
-        const Entry *entry = dir->Find(name, HostIo::Kind::None);
-        return entry ? entry->HostPath() : dir->PathOf(name);
-    }
-    Text parent = ToHost(path.substr(0, path.size() - name.size()));
-    return parent.empty() ? parent : parent + '/' + Text(name);
+    programHostDir = theHostDir == "/" ? "" : theHostDir;
+    programDir = FromHost(theHostDir);
 }
 
 Text FromHost(const Text &theHostPath)
 {
-    // Never another letter than c: those of further drives may be others tomorrow.
+    // Always as a path of c:, since further drives may have other letters tomorrow.
     const Text &root = TheDrives()['c'];
     Text Result = "c:" + (theHostPath.starts_with(root + '/') ? theHostPath.substr(root.size()) : theHostPath);
     std::replace(Result.begin() + 2, Result.end(), '/', '\\');
@@ -78,7 +75,7 @@ Text FromHost(const Text &theHostPath)
     return Result;
 }
 
-Text Plain(const Text &thePath)
+Text Normalize(const Text &thePath)
 {
     if (thePath.size() < 2 || thePath[1] != ':')
         return thePath;
@@ -101,33 +98,14 @@ Text Plain(const Text &thePath)
     return Result.size() == 2 ? Result + '\\' : Result;
 }
 
-bool LiesIn(const Text &thePath, const Text &theDir)
+bool IsInside(const Text &thePath, const Text &theDir)
 {
     const auto closed = [](Text thePlain) { return thePlain.ends_with('\\') ? thePlain : thePlain + '\\'; };
-    const Text path = closed(Plain(thePath)), dir = closed(Plain(theDir));
+    const Text path = closed(Normalize(thePath)), dir = closed(Normalize(theDir));
     return path.size() >= dir.size() && CompareIgnoringCase(std::string_view(path).substr(0, dir.size()), dir) == 0;
 }
 
-bool ReallyLiesIn(const Text &thePath, const Text &theDir)
-{
-    const Text path = HostIo::RealPath(ToHost(thePath)) + '/', dir = HostIo::RealPath(ToHost(theDir)) + '/';
-    return dir != "/" && path.starts_with(dir);
-}
-
-bool DriveExists(const Text &thePath)
-{
-    return thePath.size() >= 2 && thePath[1] == ':' && IsDirectory(Text{thePath[0], ':', '\\'});
-}
-
-std::vector<Text> Drives()
-{
-    std::vector<Text> Result;
-    for (const auto &drive : TheDrives())
-        Result.push_back(Text{drive.first, ':'});
-    return Result;
-}
-
-bool FitsPattern(const Text &theName, const Text &thePattern)
+bool MatchesPattern(const Text &theName, const Text &thePattern)
 {
     std::size_t n = 0, p = 0, star = Text::npos, resume = 0;
     while (n < theName.size()) {
@@ -146,4 +124,20 @@ bool FitsPattern(const Text &theName, const Text &thePattern)
     }
     return thePattern.find_first_not_of('*', p) == Text::npos;
 }
-}  // namespace HostFiles
+
+bool IsSeparator(char theChar)
+{
+    return theChar == '\\' || theChar == '/';
+}
+
+int CompareIgnoringCase(std::string_view a, std::string_view b)
+{
+    const std::size_t both = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < both; ++i) {
+        const auto x = static_cast<unsigned char>(LowerChar(a[i])), y = static_cast<unsigned char>(LowerChar(b[i]));
+        if (x != y)
+            return x < y ? -1 : 1;
+    }
+    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+}  // namespace Paths

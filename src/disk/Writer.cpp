@@ -1,12 +1,12 @@
-#include "toolkit/HostWriter.h"
-#include "toolkit/HostIo.h"
+#include "disk/Writer.h"
+#include "disk/Io.h"
 #include <utility>
 
 // Files are taken up in batches: waking the other side for each would cost as much as writing it.
 static constexpr std::size_t batchAtLeast = 32;
 static constexpr std::size_t bytesAtMost = 8 << 20;
 
-HostWriter::~HostWriter()
+Writer::~Writer()
 {
     {
         const std::lock_guard guard(lock);
@@ -17,11 +17,11 @@ HostWriter::~HostWriter()
         worker.join();
 }
 
-void HostWriter::Put(Text theFile, Text theContent)
+void Writer::Put(Text theFile, Text theContent)
 {
     std::unique_lock guard(lock);
     if (!worker.joinable())
-        worker = std::thread(&HostWriter::Work, this);
+        worker = std::thread(&Writer::Work, this);
     bytes += theContent.size();
     waiting.emplace_back(std::move(theFile), std::move(theContent));
     if (waiting.size() < batchAtLeast && bytes < bytesAtMost)
@@ -31,7 +31,7 @@ void HostWriter::Put(Text theFile, Text theContent)
     hasRoom.wait(guard, [this] { return bytes < bytesAtMost; });
 }
 
-std::vector<RuntimeFailure> HostWriter::Finish()
+std::vector<RuntimeFailure> Writer::Finish()
 {
     std::unique_lock guard(lock);
     isWanted = true;
@@ -40,7 +40,7 @@ std::vector<RuntimeFailure> HostWriter::Finish()
     return std::exchange(failures, {});
 }
 
-void HostWriter::Work()
+void Writer::Work()
 {
     std::unique_lock guard(lock);
     for (;;) {
@@ -56,7 +56,7 @@ void HostWriter::Work()
         for (const auto &[file, content] : batch) {
             written += content.size();
             try {
-                HostIo::Write(file, content);
+                Io::Write(file, content);
             } catch (const RuntimeFailure &failure) {
                 failed.push_back(failure);
             }

@@ -1,13 +1,15 @@
-#include "desktop/Deeds.h"
-#ifdef FERNCASTLE_LOG_DEEDS
+#include "desktop/Actions.h"
+#include "toolkit/Gates.h"
+#include "toolkit/Pickers.h"
+#ifdef FERNCASTLE_LOG_ACTIONS
 #include <cstdio>
 #endif
 
-namespace Deeds
+namespace Actions
 {
-#ifdef FERNCASTLE_LOG_DEEDS
-// The last line waits: what a box is answered while its deed is done must stand before the deed in a script, and keys
-// typed one after the other are one line.
+#ifdef FERNCASTLE_LOG_ACTIONS
+// The last line waits: what a box is answered while its action is done must stand before the action in a script, and
+// keys typed one after the other are one line.
 static Text held;
 static const Form *lastScreen = nullptr;
 static long yields = 0, yieldsWritten = 0;
@@ -80,63 +82,63 @@ void Ended() {}
 
 bool Click(Control &theControl)
 {
-    if (CanReach(theControl))
+    if (IsReachable(theControl))
         Line("click", theControl);
     return UserClick(theControl);
 }
 
 bool DoubleClick(ListBox &theList)
 {
-    if (CanReach(theList))
+    if (IsReachable(theList))
         Line("doubleclick", theList);
     return UserDoubleClick(theList);
 }
 
 bool KeyPress(TextBox &theBox, int &theKey)
 {
-    if (CanReach(theBox) && theKey == '\r')
+    if (IsReachable(theBox) && theKey == '\r')
         Line("key", theBox, "Enter");
     return UserKeyPress(theBox, theKey);
 }
 
 bool Edit(TextBox &theBox, const Text &theText)
 {
-    if (CanReach(theBox))
+    if (IsReachable(theBox))
         Typed(theBox, theBox.Now.Caption, theText);
     return UserEdit(theBox, theText);
 }
 
 bool Select(ListBox &theList, int theIndex)
 {
-    if (CanReach(theList))
+    if (IsReachable(theList))
         Line("select", theList, std::to_string(theIndex));
     return UserSelect(theList, theIndex);
 }
 
 bool Highlight(DirList &theList, int theIndex)
 {
-    if (CanReach(theList))
+    if (IsReachable(theList))
         Line("select", theList, std::to_string(theIndex));
     return UserHighlight(theList, theIndex);
 }
 
 bool Go(DirList &theList, const Text &thePath)
 {
-    if (CanReach(theList))
+    if (IsReachable(theList))
         Line("go", theList, thePath);
     return UserGo(theList, thePath);
 }
 
 bool Pick(DriveList &theList, const Text &theDrive)
 {
-    if (CanReach(theList))
+    if (IsReachable(theList))
         Line("go", theList, theDrive);
     return UserPick(theList, theDrive);
 }
 
 bool Tool(ToolBar &theBar, const Text &theKey)
 {
-    if (CanReach(theBar))
+    if (IsReachable(theBar))
         Line("click", theBar, theKey);
     return UserTool(theBar, theKey);
 }
@@ -147,4 +149,4 @@ bool Close(Form &theForm)
         Line("close", theForm);
     return UserClose(theForm);
 }
-}  // namespace Deeds
+}  // namespace Actions

@@ -1,19 +1,19 @@
 // Writes whole files beside the program's own work, in the order in which they were handed over. The program itself has
 // one thread; this is the only other one, and it touches nothing but the files.
 #pragma once
-#include "toolkit/Failure.h"
+#include "base/Failure.h"
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 #include <vector>
 
-class HostWriter
+class Writer
 {
 public:
-    HostWriter() = default;
-    HostWriter(const HostWriter &) = delete;
-    HostWriter &operator=(const HostWriter &) = delete;
-    ~HostWriter();
+    Writer() = default;
+    Writer(const Writer &) = delete;
+    Writer &operator=(const Writer &) = delete;
+    ~Writer();
 
     // Hands over a file of the host to be written, before Finish at the latest; waits while too much is waiting
     // already.

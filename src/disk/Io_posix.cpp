@@ -1,5 +1,5 @@
-#include "toolkit/Failure.h"
-#include "toolkit/HostIo.h"
+#include "base/Failure.h"
+#include "disk/Io.h"
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -84,12 +84,12 @@ private:
     int handle;
 };
 
-HostIo::Kind KindOfMode(mode_t theMode)
+Io::Kind KindOfMode(mode_t theMode)
 {
-    return S_ISREG(theMode) ? HostIo::Kind::File : S_ISDIR(theMode) ? HostIo::Kind::Directory : HostIo::Kind::Other;
+    return S_ISREG(theMode) ? Io::Kind::File : S_ISDIR(theMode) ? Io::Kind::Directory : Io::Kind::Other;
 }
 
-HostIo::Identity IdentityOfFacts(const struct stat &theFacts)
+Io::Identity IdentityOfFacts(const struct stat &theFacts)
 {
     return {static_cast<std::uint64_t>(theFacts.st_dev), static_cast<std::uint64_t>(theFacts.st_ino)};
 }
@@ -107,7 +107,7 @@ std::int64_t ChangeTime(const struct stat &theFacts)
 constexpr int newOrOld = O_WRONLY | O_CREAT | O_NOFOLLOW;
 }  // namespace
 
-namespace HostIo
+namespace Io
 {
 DirectoryFacts LookAt(const Text &theDir)
 {
@@ -334,4 +334,4 @@ std::vector<std::pair<char, Text>> Drives()
             Result.emplace_back(static_cast<char>(Result.back().first + 1), volume);
     return Result;
 }
-}  // namespace HostIo
+}  // namespace Io

@@ -5,7 +5,8 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
-using namespace HostFiles;
+using namespace Files;
+using namespace Paths;
 using Pairs = std::vector<std::pair<Text, Text>>;
 
 namespace
@@ -43,9 +44,9 @@ TEST_F(Host, PathsLeadToNamesWhateverTheirCase)
     EXPECT_EQ(ToHost("X:\\dir\\new.htm") + FromHost("/a/b/"), (site / "Dir/new.htm").string() + "c:\\a\\b");
     for (const auto &[path, plain] : Pairs{{"x:\\a\\.\\b\\\\c\\", "x:\\a\\b\\c"}, {"x:", "x:\\"},
              {"x:\\..\\a", "x:\\a"}, {"x:\\a\\..", "x:\\"}, {"x:/a/b/..\\c", "x:\\a\\c"}, {"x:\\...", "x:\\..."}})
-        EXPECT_EQ(Plain(path), plain) << path;
-    EXPECT_TRUE(LiesIn("x:\\A\\b", "x:\\a\\") && LiesIn("x:\\a", "X:\\a") && LiesIn("x:\\a", "x:\\"));
-    EXPECT_FALSE(LiesIn("x:\\ab", "x:\\a") || LiesIn("x:\\a\\..\\b", "x:\\a") || LiesIn("x:\\", "x:\\a"));
+        EXPECT_EQ(Normalize(path), plain) << path;
+    EXPECT_TRUE(IsInside("x:\\A\\b", "x:\\a\\") && IsInside("x:\\a", "X:\\a") && IsInside("x:\\a", "x:\\"));
+    EXPECT_FALSE(IsInside("x:\\ab", "x:\\a") || IsInside("x:\\a\\..\\b", "x:\\a") || IsInside("x:\\", "x:\\a"));
 }
 
 TEST_F(Host, ListingsHoldWhatAUserSees)
@@ -56,7 +57,7 @@ TEST_F(Host, ListingsHoldWhatAUserSees)
              {site, "around"}, {program, "above"}, {"Sub", "beside"}, {"b.htm", "to b"}, {"gone", "dangling"}})
         fs::create_symlink(target, site / link);
     ASSERT_EQ(mkfifo((site / "pipe").c_str(), 0600), 0);
-    EXPECT_EQ(Joined(Files("x:\\")) + Joined(Directories("x:\\")), "A.htm a.htm b.htm to b w*d beside Sub sub2 ");
+    EXPECT_EQ(Joined(FilesIn("x:\\")) + Joined(DirectoriesIn("x:\\")), "A.htm a.htm b.htm to b w*d beside Sub sub2 ");
     for (const char *name : {"x:\\*.htm", "x:\\???", "x:\\W*D", "x:\\b.*", "x:\\sub\\*", "x:\\beside\\x", "x:\\*m"})
         EXPECT_TRUE(IsFile(name)) << name;
     for (const char *name :
@@ -68,14 +69,14 @@ TEST_F(Host, ListingsHoldWhatAUserSees)
 TEST_F(Host, MemorySeesEveryChange)
 {
     for (const int milliseconds : {0, 1'000'000}) {
-        RecheckAfter(milliseconds);
+        DirectoryCache::SetRecheckInterval(milliseconds);
         EXPECT_FALSE(IsFile(In("a.htm")) || IsDirectory(In("d")));
-        const Names before = Files(In(""));
+        const Names before = FilesIn(In(""));
         Append(In("b.htm"), "one");
         Write(In("a.htm"), "one");
         EXPECT_TRUE(MakeDirectory(In("d")) && IsDirectory(In("D\\")) && !MakeDirectory(In("D")));
         EXPECT_FALSE(MakeDirectory(In("A.htm")) || MakeDirectory(In("no\\e")));
-        EXPECT_EQ(Joined(Files(In(""))) + Joined(Directories(In(""))), "a.htm b.htm d ");
+        EXPECT_EQ(Joined(FilesIn(In(""))) + Joined(DirectoriesIn(In(""))), "a.htm b.htm d ");
         EXPECT_TRUE(before->empty()) << "a listing stays what it was when it was taken";
         Write(In("A.HTM"), "2");
         Write(In("D\\c.htm"), "in d");
@@ -83,7 +84,7 @@ TEST_F(Host, MemorySeesEveryChange)
         Delete(In("a.htm"));
         EXPECT_FALSE(IsFile(In("a.htm")));
         Delete(In("b.htm"));
-        RecheckAfter(0);
+        DirectoryCache::SetRecheckInterval(0);
         fs::remove_all(program / "0001/d");
         EXPECT_FALSE(IsDirectory(In("d")));
     }
@@ -92,15 +93,15 @@ TEST_F(Host, MemorySeesEveryChange)
     Put("d/a.htm");
     EXPECT_TRUE(IsFile("x:\\d\\A.htm"));
     fs::rename(site / "d/a.htm", site / "d/c.htm");
-    EXPECT_EQ(Joined(Files("x:\\d")), "c.htm ");
+    EXPECT_EQ(Joined(FilesIn("x:\\d")), "c.htm ");
     fs::remove_all(site / "d");
     EXPECT_FALSE(IsFile("x:\\d\\c.htm") || IsDirectory("x:\\d"));
     Put("d/b.htm", "new");
-    EXPECT_EQ(Read("x:\\d\\b.htm") + Joined(Files("x:\\d")), "newb.htm ");
+    EXPECT_EQ(Read("x:\\d\\b.htm") + Joined(FilesIn("x:\\d")), "newb.htm ");
     Write(In("own.htm"), "own");
     Rest();
     PutAt(program / "0001/other.htm", "another's");
-    EXPECT_EQ(Joined(Files(In(""))), "other.htm own.htm ");
+    EXPECT_EQ(Joined(FilesIn(In(""))), "other.htm own.htm ");
 }
 
 TEST_F(Host, CopiesAndAddedTextMayWait)
@@ -111,7 +112,7 @@ TEST_F(Host, CopiesAndAddedTextMayWait)
     for (const char *target : {"a.htm", "written.htm", "twice.htm", "deleted.htm", "longer.htm"})
         Copy("x:\\a.htm", In(target));
     EXPECT_EQ(Now("a.htm"), "") << "there at once, its bytes follow";
-    EXPECT_EQ(Read(In("a.htm")) + SourceOfCopy(In("a.htm")), "of the site" + (site / "a.htm").string());
+    EXPECT_EQ(Read(In("a.htm")), "of the site");
     Write(In("WRITTEN.htm"), "over");
     Copy("x:\\b.htm", In("Twice.htm"));
     Delete(In("deleted.htm"));
@@ -127,12 +128,12 @@ TEST_F(Host, CopiesAndAddedTextMayWait)
     EXPECT_EQ(Read(In("rows.sav")).size(), 120000u);
     Write(In("rows.sav"), "new");
     Append(In("rows.sav"), " and");
-    Settle();
+    PendingWrites::Flush();
     for (const auto &[file, content] : Pairs{{"a.htm", "changed"}, {"written.htm", "over"}, {"twice.htm", "another"},
              {"deleted.htm", "(none)"}, {"longer.htm", "of the site and more"}, {"copied on.htm", "of the site"},
              {"there.htm", "another"}, {"THERE.htm", "(none)"}, {"rows.sav", "new and"}})
         EXPECT_EQ(Now(file), content) << file;
-    EXPECT_TRUE(TakeFailures().empty() && SourceOfCopy(In("twice.htm")).empty());
+    EXPECT_TRUE(PendingWrites::TakeFailures().empty());
 }
 
 TEST_F(Host, CopiesThatCannotBeMadeSaySo)
@@ -149,7 +150,7 @@ TEST_F(Host, CopiesThatCannotBeMadeSaySo)
         EXPECT_THROW(Copy("x:\\b.htm", In("b.htm")), RuntimeFailure) << "when it is asked for, not later";
     }
     fs::permissions(site / "b.htm", fs::perms::owner_all);
-    EXPECT_TRUE(Files(In(""))->empty());
+    EXPECT_TRUE(FilesIn(In(""))->empty());
     Rest();
     for (const char *target : {"d\\a.htm", "a.htm"})
         Copy("x:\\a.htm", In(target));
@@ -157,9 +158,10 @@ TEST_F(Host, CopiesThatCannotBeMadeSaySo)
     fs::remove_all(program / "0001/d");
     fs::remove(site / "a.htm");
     EXPECT_FALSE(IsFile(In("d\\a.htm")) || IsFile("x:\\a.htm"));
-    Settle();
-    const std::vector<Text> failures = TakeFailures();
-    EXPECT_TRUE(failures.size() == 2 && failures[0].starts_with("Unable to copy file:\r\n") && TakeFailures().empty());
+    PendingWrites::Flush();
+    const std::vector<Text> failures = PendingWrites::TakeFailures();
+    EXPECT_TRUE(failures.size() == 2 && failures[0].starts_with("Unable to copy file:\r\n") &&
+                PendingWrites::TakeFailures().empty());
     EXPECT_EQ(Now("b.htm"), "b") << "the others are made";
     EXPECT_TRUE(MakeDirectory(In("d")));
 }
@@ -186,10 +188,10 @@ TEST_F(Host, NothingIsWrittenOutsideTheProjects)
         EXPECT_FALSE(MakeDirectory(file)) << file;
     }
     Write(In("hard.htm"), "of the project");
-    Settle();
+    PendingWrites::Flush();
     for (const Text &file : kept)
         EXPECT_EQ(OnDisk(file), "kept") << file;
-    EXPECT_EQ(Joined(Files("x:\\")) + Now("hard.htm"), "a.htm b.htm of the project");
+    EXPECT_EQ(Joined(FilesIn("x:\\")) + Now("hard.htm"), "a.htm b.htm of the project");
     for (const char *path : {"..\\variables.sav", "..\\Last.chk", "a.htm", "..\\0001_store\\a", "link\\..\\b.htm"}) {
         Write(In(path), "new");
         EXPECT_EQ(Read(In(path)), "new") << path;

@@ -1,9 +1,10 @@
-// What the user does at the windows, on its way to the gates. A build with FERNCASTLE_LOG_DEEDS also writes it to
+// What the user does at the windows, on its way to the gates. A build with FERNCASTLE_LOG_ACTIONS also writes it to
 // standard output in the player's language, so that what was done once at the windows can be played again.
 #pragma once
+#include "toolkit/Pickers.h"
 #include "toolkit/Presentation.h"
 
-namespace Deeds
+namespace Actions
 {
 // Each as the gate of that name; false when it could not be done just now.
 bool Click(Control &theControl);
@@ -24,4 +25,4 @@ void Chose(const Text &theFile);
 void Yielded();
 void Serving(bool isServing);
 void Ended();
-}  // namespace Deeds
+}  // namespace Actions
