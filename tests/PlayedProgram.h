@@ -1,9 +1,10 @@
 // A program directory of its own in which a script is played by the real program. The head of a script may hold, for
 // the tests alone:
-//   #with PATH [TEXT]   makes a file of the program directory, or a directory where PATH ends in "/"; \r\n in TEXT is
-//   one #link PATH TO       makes a symbolic link
+//   #with PATH [TEXT]   makes a file of the program directory, or a directory where PATH ends in "/"
+//   #link PATH TO       makes a symbolic link
 //   #without PATH       removes a file or a directory
 //   #exit N             the exit status that is expected instead of 0
+// In TEXT \r\n stands for one line end.
 #pragma once
 #include "TestSite.h"
 #include "core/TextOps.h"
