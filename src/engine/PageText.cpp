@@ -1,21 +1,48 @@
 #include "engine/PageText.h"
-#include "core/AppVars.h"
+#include "core/DirHandle.h"
+#include "core/FileHandle.h"
 #include "core/TextOps.h"
+#include "core/Trap.h"
 #include "core/Utils.h"
 #include <cstring>
 #include <string_view>
 #include <vector>
 
+std::int16_t GetDirLevel(const Text &thePath, int WhichSite)
+{
+    std::int16_t Result = 0;
+    Trap([&] {
+        const Text path = ifDirExists(thePath) ? AddTrailingSlash(thePath) : thePath;
+        const Text base = WhichSite == 1 ? InProgramDir(AddTrailingSlash(ProjectNumber)) : LocalSiteDir;
+        // Deliberate: as many characters as the base has are cut off without being compared with it.
+        Result = StrCount(RightPart(path, Len(path) - Len(base)), "\\");
+    });
+    return Result;
+}
+
+std::int16_t StrCount(const Text &theString, const Text &CountThis)
+{
+    return CountInString(theString, CountThis);
+}
+
+Text StringMulti(int HowMany, const Text &theString)
+{
+    Text Result;
+    for (int i = 0; i < HowMany; ++i)
+        Result += theString;
+    return Result;
+}
+
 namespace
 {
+// What is sought is Before, a double quote and After; Replacement takes the place of After.
 struct Replacement {
-    Text Before;       // stands in front of the quote and stays
-    Text After;        // stands behind the quote and goes
-    Text Replacement;  // takes its place
+    Text Before, After, Replacement;
 };
 using Replacements = std::vector<Replacement>;
 
-// Each replacement in its turn over the whole text. The text stays lower-case throughout, since all that is put in is.
+// Makes the replacements over the whole text, one after the other. The text is not lower-cased again before each one:
+// all that is inserted is in lower case.
 Text ReplaceInTurn(Text thePage, const Replacements &theReplacements)
 {
     for (const Replacement &one : theReplacements)
@@ -23,8 +50,9 @@ Text ReplaceInTurn(Text thePage, const Replacements &theReplacements)
     return thePage;
 }
 
-// The same in one pass, quote by quote. It holds because all texts sought are anchored at their one quote, reach to the
-// left only over what stays, and to the right not as far as the next quote: so no quote's replacements touch another's.
+// Gives the same result in one pass from quote to quote. That works because every text sought contains exactly one
+// quote, the part to the left of it is never changed, and the part to the right ends before the next quote. So the
+// replacements at one quote cannot affect those at another.
 Text ReplaceInOnePass(const Text &thePage, const Replacements &theReplacements)
 {
     Text Result;
@@ -34,24 +62,25 @@ Text ReplaceInOnePass(const Text &thePage, const Replacements &theReplacements)
     for (std::size_t quote = 0; (quote = page.find('"', quote)) != std::string_view::npos; ++quote) {
         const char next = quote + 1 < page.size() ? page[quote + 1] : '\0';
         const char previous = quote > 0 ? page[quote - 1] : '\0';
-        // Quick looks first: few quotes have anything to replace.
+        // A quick test first, because most quotes have nothing to replace.
         if (previous != '=' && next != '/' && next != '>')
             continue;
-        std::size_t from = quote + 1;  // what stands behind the quote by now: put, then the page from here on
-        std::string_view put;
+        // The text behind the quote is at any time: what was inserted, then the page from here on.
+        std::size_t from = quote + 1;
+        std::string_view inserted;
         for (const Replacement &one : theReplacements) {
-            // All of them begin with a character of their own behind the quote, which few quotes have.
-            if (!put.empty() || from >= page.size() || page[from] != one.After[0])
+            // Comparing one character first rules out most replacements.
+            if (!inserted.empty() || from >= page.size() || page[from] != one.After[0])
                 continue;
             if (page.substr(0, quote).ends_with(one.Before) && page.substr(from).starts_with(one.After)) {
                 from += one.After.size();
-                put = one.Replacement;
+                inserted = one.Replacement;
             }
         }
-        if (from == quote + 1 && put.empty())
+        if (from == quote + 1 && inserted.empty())
             continue;
         Result.append(page, copied, quote + 1 - copied);
-        Result += put;
+        Result += inserted;
         copied = from;
         quote = from - 1;
     }
@@ -61,7 +90,7 @@ Text ReplaceInOnePass(const Text &thePage, const Replacements &theReplacements)
 
 Text Relink(const Text &thePage, const Replacements &theReplacements)
 {
-    // A domain with a quote in it, or one that could be taken for the prefix, leaves the one pass without its grounds.
+    // The single pass is wrong for a domain that contains a quote, and for one that could match an inserted prefix.
     const bool isPlain = !Contains(DomainName, "\"") && !BeginsWith(DomainName, ".");
     Text page = LowerText(thePage);
     return isPlain ? ReplaceInOnePass(page, theReplacements) : ReplaceInTurn(std::move(page), theReplacements);
@@ -70,8 +99,8 @@ Text Relink(const Text &thePage, const Replacements &theReplacements)
 
 Text RelinkExpandedPage(const Text &thePage, const Text &depthPrefix)
 {
-    // Deliberate: only double quotes are known, and of the directories in the root only "imgs", in any attribute.
-    // Deliberate: the page is lower-case and DomainName is not lowered: one with a capital letter is never found.
+    // Deliberate: only values in double quotes are replaced, and "/imgs" is replaced in every attribute.
+    // Deliberate: DomainName is not lower-cased, but the page is: a domain with a capital letter is never found.
     return Relink(
         thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
                      {"href=", DomainName + "/", depthPrefix}, {"", "/imgs", depthPrefix + "imgs"}, {"", ">>", ">"}});
@@ -79,7 +108,7 @@ Text RelinkExpandedPage(const Text &thePage, const Text &depthPrefix)
 
 Text RelinkRoutedPage(const Text &thePage, const Text &depthPrefix)
 {
-    // Deliberate: any double-quoted link to the root, but no repair of ">>".
+    // Deliberate: every double-quoted link to the root is replaced here, but ">>" is not repaired.
     return Relink(thePage, {{"src=", DomainName + "\\", depthPrefix}, {"src=", DomainName + "/", depthPrefix},
                                {"href=", DomainName + "/", depthPrefix}, {"href=", "/", depthPrefix},
                                {"", "/imgs", depthPrefix + "imgs"}});

@@ -4,56 +4,55 @@
 #include "core/Utils.h"
 #include "disk/Files.h"
 #include "engine/PageText.h"
+#include "engine/SiteWalk.h"
 #include "engine/frmProcess.h"
 #include "engine/frmTheFile.h"
 
-using namespace frmProcess;
-
 namespace
 {
-// Held by each turn of the pass. The outermost one ends it.
-struct Turn {
-    Turn() { ++turns; }
-    ~Turn()
+// Each call of RouteNav holds one. When the outermost call ends, what Files::Rewrite has kept is forgotten.
+struct RewriteScope {
+    RewriteScope() { ++depth; }
+    ~RewriteScope()
     {
-        if (--turns == 0)
+        if (--depth == 0)
             Files::EndRewriting();
     }
-    Turn(const Turn &) = delete;
-    Turn &operator=(const Turn &) = delete;
+    RewriteScope(const RewriteScope &) = delete;
+    RewriteScope &operator=(const RewriteScope &) = delete;
 
-    inline static int turns = 0;
+    inline static int depth = 0;
 };
 
-// A routed page as it stands in its file, with the line end that every printed text gets.
+// A routed page as it is written to its file, with the line end that every printed text gets.
 Text RoutedFile(const Text &thePage, const Text &depthPrefix)
 {
     return RelinkRoutedPage(thePage, depthPrefix) + CRLF;
 }
 }  // namespace
 
-// Deliberate: asks neither whether the run was cancelled nor optSubdirs: what exists is routed, all of it.
+// Deliberate: neither CancelRequested nor optSubdirs is tested: whatever exists in the project directory is routed.
 void RouteNav()
 {
-    const Turn turn;
-    const std::int16_t fileCount = Count16(File1.ListCount());
+    const RewriteScope scope;
+    const std::int16_t fileCount = Count16(frmProcess::File1.ListCount());
     for (int i = 0; i < fileCount; ++i) {
-        const Text file = File1.List(i);
+        const Text file = frmProcess::File1.List(i);
         TreatThisFile = PassesFilter(file);
         if (TreatThisFile)
-            RouteTheFile(AddTrailingSlash(File1.Path) + file);
+            RouteTheFile(AddTrailingSlash(frmProcess::File1.Path) + file);
         TreatThisFile = false;
         DoEvents();
     }
-    const Text path = Dir1.Path;
-    const std::int16_t dirCount = Count16(Dir1.ListCount());
+    const Text path = frmProcess::Dir1.Path;
+    const std::int16_t dirCount = Count16(frmProcess::Dir1.ListCount());
     for (int m = 0; m < dirCount; ++m) {
-        Dir1.Path = Dir1.List(m);
+        frmProcess::Dir1.Path = frmProcess::Dir1.List(m);
         RouteNav();
-        Dir1.Path = path;
+        frmProcess::Dir1.Path = path;
         DoEvents();
     }
-    Dir1.Path = path;
+    frmProcess::Dir1.Path = path;
 }
 
 void RouteTheFile(const Text &theFile)
@@ -67,7 +66,7 @@ void RouteTheFile(const Text &theFile)
         }
         frmTheFile::rtb2.Text = "";
         const Text depthPrefix = StringMulti(GetDirLevel(theFile, 1), "../");
-        // Written over in place rather than deleted first: a failure then costs no file.
+        // The file is overwritten rather than deleted and written again, so that a failure cannot lose it.
         Files::Rewrite(theFile, RoutedFile, depthPrefix);
     });
 }

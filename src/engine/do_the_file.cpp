@@ -6,31 +6,30 @@
 #include "core/Utils.h"
 #include "core/frmLists.h"
 #include "engine/PageText.h"
+#include "engine/SiteWalk.h"
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
 #include "engine/frmTheFile.h"
 #include "engine/temp.h"
 #include "report/Records.h"
 
-using namespace frmProcess;
-
 namespace
 {
-// What one call keeps from link to link.
+// What one call remembers from link to link. The positions count from 1.
 struct PageInHand {
     Text File;
     std::int64_t Pos = 1;               // where the next search for "href" begins; 0 ends the loop
     bool IsFirstLink = true;            // no tag has been rewritten yet
     std::int64_t LastRewrittenEnd = 1;  // the ">" that closed the last rewritten tag
-    std::int64_t TagStart = 0;          // the "<" of the tag in hand
-    std::int64_t TagEnd = 0;            // the ">" of the last tag of any kind that was classified
+    std::int64_t TagStart = 0;          // the "<" of the current tag
+    std::int64_t TagEnd = 0;            // the ">" of the last tag that was classified, whatever its kind
     Text Tag, Link;
-    // Never cleared between links: one link above the root makes the plain links after it broken too, until a dotted
-    // Deliberate: one is rebased well.
+    // Deliberate: it is not cleared between links. After a link that climbs above the root, plain links count as broken
+    // too, until a dotted link is rebased successfully.
     Text RebasedLink;
 };
 
-// Appends a record to a pair of record files: the page's path first, the tag second.
+// Appends a record to a pair of record files: the page's path to the first, the tag to the second.
 void WriteRecord(const Text &thePair, const Text &thePage, const Text &theTag)
 {
     AppendLineToFile(thePair + "LinksFiles.sav", InStoreDir(""), PageDirectory() + thePage + "[]");
@@ -39,30 +38,30 @@ void WriteRecord(const Text &thePair, const Text &thePage, const Text &theTag)
 
 void TreatBrokenLink(const PageInHand &thePage)
 {
-    AddToCount(lblLinksBrokenCnt);
+    AddToCount(frmProcess::lblLinksBrokenCnt);
     WriteRecord("Broken", thePage.File, thePage.Tag);
 }
 
 void TreatExternalLink(const PageInHand &thePage)
 {
-    AddToCount(lblLinksExternalCnt);
+    AddToCount(frmProcess::lblLinksExternalCnt);
     WriteRecord("External", CurrentFilePath, thePage.Tag);
 }
 
 void TreatMediaLink()
 {
-    // Deliberate: always the first row, whatever the extension: nothing says which row it was.
+    // Deliberate: every media link is counted in the first row, whatever its extension.
     auto &counts = frmLists::lstMediaLinksCnt;
     counts.SetList(0, NumberText(NumberAtStart(counts.List(0)) + 1));
-    AddToCount(lblLinksMedia);
+    AddToCount(frmProcess::lblLinksMedia);
 }
 
-// Appends the text since the last rewritten tag and the tag itself, once with the old link and once with the new.
+// Appends the text since the last rewritten tag, followed by the tag: with its old link to rtb1, with its new one to
+// rtb2.
 void AssembleUpTo(PageInHand &thePage, const Text &theNewTag)
 {
     const Text &source = frmLists::RichTextBox1.Text;
-    // Deliberate: two good links that share one "<" make the count negative: the run fails, since nothing traps it
-    // here.
+    // Deliberate: two internal links behind one "<" make the count negative. No trap catches that, so the run fails.
     const Text before = thePage.IsFirstLink ? LeftPart(source, thePage.TagStart - 1)
                                             : MidPart(source, thePage.LastRewrittenEnd + 1,
                                                   thePage.TagStart - 1 - thePage.LastRewrittenEnd);
@@ -88,12 +87,12 @@ void TreatInternalLink(PageInHand &thePage)
         return;
     }
     if (!UsingQuillmark)
-        AddToCount(lblKeywordsAdded, static_cast<double>(KeywordsInFileName) * 2);
-    AddToCount(lblPagesAdded);
+        AddToCount(frmProcess::lblKeywordsAdded, static_cast<double>(KeywordsInFileName) * 2);
+    AddToCount(frmProcess::lblPagesAdded);
     AssembleUpTo(thePage, newTag);
     DoEvents();
     ++LinksInternalCnt;
-    lblLinksInternalCnt.Caption = std::to_string(LinksInternalCnt);
+    frmProcess::lblLinksInternalCnt.Caption = std::to_string(LinksInternalCnt);
 }
 
 void TreatLink(PageInHand &thePage)
@@ -120,7 +119,8 @@ void TreatLink(PageInHand &thePage)
         TreatExternalLink(thePage);
     if (linkKind != -1)
         return;
-    // Deliberate: the test gets the backslash form, the copy below the link's own slashes: they may look in two places.
+    // Deliberate: this test gets the backslash form and the copy gets the link with its own slashes, so they may look
+    // for the file in different places.
     if (isLinkBroken(linkBackslashed) == 2)
         TreatBrokenLink(thePage);
     else if (isLinkMedia(thePage.Link) == 3)
@@ -129,7 +129,7 @@ void TreatLink(PageInHand &thePage)
         TreatInternalLink(thePage);
 }
 
-// The page's directory below the site's root, with a final backslash; empty in the root.
+// The page's directory below the site's root, with a final backslash; empty for the root itself.
 Text RelativeDirectory()
 {
     Text Result = StripFromEnds(StripFromEnds(PageSubdirectory(), "\\", 1), "/", 1);
@@ -138,12 +138,13 @@ Text RelativeDirectory()
 
 void FinishPage(const PageInHand &thePage)
 {
-    // Begins at the ">" of the last tag of any kind, while the pieces end with the last rewritten one: the ">" stands
-    // Deliberate: twice, or all that lies between the two tags is gone; with no rewritten tag, all that lies before.
+    // Deliberate: the tail begins at the ">" of the last classified tag, but what is assembled so far ends with the
+    // last rewritten tag. If they are the same tag, its ">" is doubled; if not, the text between them is lost; and if
+    // no tag was rewritten, all text before the tail is lost.
     const Text &source = frmLists::RichTextBox1.Text;
     AppendLineToFile(frmTheFile::rtb2, "", RightPart(source, Len(source) - thePage.TagEnd + 1));
     const Text relativeDir = RelativeDirectory();
-    const Text depthPrefix = StringMulti(GetDirLevel(File1.Path, 0), "../");
+    const Text depthPrefix = StringMulti(GetDirLevel(frmProcess::File1.Path, 0), "../");
     frmTheFile::rtb2.Text = RelinkExpandedPage(frmTheFile::rtb2.Text, depthPrefix);
     const Text directory = InProgramDir(ProjectNumber + "\\" + relativeDir);
     if (!ifDirExists(directory))
@@ -155,7 +156,7 @@ void FinishPage(const PageInHand &thePage)
 void do_the_file(const Text &theFile)
 {
     DebugWhere = "top of do_the_file";
-    const Text path = Dir1.Path.Get() + "\\" + theFile;
+    const Text path = frmProcess::Dir1.Path.Get() + "\\" + theFile;
     if (ifDirExists(path))
         return;
     if (!ifFileExists(path)) {
@@ -164,7 +165,7 @@ void do_the_file(const Text &theFile)
     }
     LoadFileIntoBox(path, frmLists::RichTextBox1);
     ++FilesProcessedCnt;
-    lblFilesCnt.Caption = std::to_string(FilesProcessedCnt);
+    frmProcess::lblFilesCnt.Caption = std::to_string(FilesProcessedCnt);
     CurrentFilePath = theFile;
     frmLists::RichTextBox2.Text = LowerText(frmLists::RichTextBox1.Text);
     frmTheFile::rtb1.Text = "";

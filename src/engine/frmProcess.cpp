@@ -1,13 +1,9 @@
 #include "engine/frmProcess.h"
-#include "core/DirHandle.h"
 #include "core/FileHandle.h"
 #include "core/SaveLoad.h"
-#include "core/TextOps.h"
 #include "core/Trap.h"
-#include "core/Utils.h"
-#include "core/frmLists.h"
 #include "disk/Files.h"
-#include "engine/do_the_file.h"
+#include "engine/SiteWalk.h"
 #include "engine/frmTheFile.h"
 #include "report/GenerateReport.h"
 #include "report/frmGeneratingReport.h"
@@ -15,7 +11,6 @@
 #include "toolkit/Pickers.h"
 #include "wizard/HelpBox.h"
 #include "wizard/ScreenLook.h"
-#include "wizard/frmFilters.h"
 
 namespace frmProcess
 {
@@ -111,7 +106,7 @@ Timer Timer1{Me, "Timer1", {.Interval = 1, .Enabled = false, .Tick = Timer1_Time
 Timer Timer2{Me, "Timer2", {.Interval = 100, .Enabled = false, .Tick = Timer2_Timer}};
 std::int16_t resumeFlag = 0;  // 1 ends a pause
 
-// Has no trap: a failure is its caller's, who then shows no run screen.
+// Has no trap: a failure goes to the caller, which then does not show the screen.
 void Form_Load()
 {
     ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
@@ -138,19 +133,6 @@ void Form_Load()
     Timer1.Enabled = true;
 }
 
-// A walk that meets its own new site would write over its source, or copy what it has copied, for ever. It is stopped
-// before it has begun, and again where a link leads it there.
-static void RefuseOwnProject(const Text &theDir)
-{
-    const Text project = InProgramDir(ProjectNumber);
-    if (ProjectNumber.empty())
-        Fail("No project was chosen. Please create a project or load one", "Timer1");
-    if (Files::IsReallyInside(theDir, project) || Files::IsReallyInside(project, LocalSiteDir))
-        Fail("The site's directory and the directory of the new site lie in one another. Please choose a directory "
-             "that holds the files of your site alone",
-            theDir);
-}
-
 // Has no trap, like the walk that it runs.
 void Timer1_Timer()
 {
@@ -163,7 +145,7 @@ void Timer1_Timer()
         if (const Text file = InStoreDir(name); ifFileExists(file))
             Files::Delete(file);
     SiteWalk();
-    // Deliberate: a cancelled walk comes here in the same way and gets its report.
+    // Deliberate: a cancelled walk gets its report too.
     Timer1.Enabled = false;
     btnReport.Visible = true;
     btnPause.Visible = false;
@@ -175,8 +157,9 @@ void Timer1_Timer()
 void Timer2_Timer()
 {
     Trap([] {
+        // Deliberate: the meter moves once more after the report is finished.
         if (ReportFinished)
-            Timer2.Enabled = false;  // and moves the box one last time. Wanted.
+            Timer2.Enabled = false;
         frmGeneratingReport::ShowMeter(frmGeneratingReport::Frame1, frmGeneratingReport::Shape1);
     });
 }
@@ -184,104 +167,6 @@ void Timer2_Timer()
 void Dir1_Change()
 {
     Trap([] { File1.Path = Dir1.Path; });
-}
-
-void AddToCount(Label &theLabel, double theNumber)
-{
-    theLabel.Caption = NumberText(NumberAtStart(theLabel.Caption) + theNumber);
-}
-
-// Deliberate: the last three letters decide, with no regard for the point: "tml" is the row that lets ".html" pass.
-static bool EndsInRow(const Text &theFile, const Text &theRow)
-{
-    return EqualsIgnoringCase(RightPart(theFile, 3), theRow);
-}
-
-bool PassesFilter(const Text &theFile)
-{
-    if (!Menu.optUseFilters.Checked)
-        return true;  // pictures too are then read and rewritten as pages. Wanted.
-    for (int row = 0; row < frmFilters::List1.ListCount(); ++row)
-        if (EndsInRow(theFile, frmFilters::List1.List(row)))
-            return true;
-    return false;
-}
-
-static void TallyMediaFile(const Text &theFile)
-{
-    auto &extensions = frmLists::lstMediaExtensions;
-    for (int k = 0; k < extensions.ListCount(); ++k)
-        if (EndsInRow(theFile, extensions.List(k))) {
-            AddToCount(lblMediaFilesFound);
-            auto &counts = frmLists::lstMediaFilesCnt;  // goes on from an earlier run's. Wanted.
-            counts.SetList(k, NumberText(NumberAtStart(counts.List(k)) + 1));
-            return;
-        }
-}
-
-static void CopyUnchanged(const Text &theFile)
-{
-    const Text source = AddTrailingSlash(File1.Path) + theFile;
-    // The result is not looked at: the walk goes on.
-    CopyFile(source, InProgramDir(ProjectNumber + "\\" + RightPart(source, Len(source) - Len(LocalSiteDir))));
-}
-
-void SiteWalk()
-{
-    const std::int16_t fileCount = Count16(File1.ListCount());
-    for (int i = 0; i < fileCount; ++i) {
-        if (CancelRequested)
-            break;
-        const Text file = File1.List(i);
-        lblCurrentFile.Caption = AddTrailingSlash(File1.Path) + file;
-        TreatThisFile = PassesFilter(file);
-        TallyMediaFile(file);
-        if (TreatThisFile)
-            do_the_file(file);
-        else
-            CopyUnchanged(file);
-        TreatThisFile = false;
-        DoEvents();
-    }
-    if (!Menu.optSubdirs.Checked)
-        return;
-    const Text path = Dir1.Path;
-    const std::int16_t dirCount = Count16(Dir1.ListCount());
-    for (int m = 0; m < dirCount; ++m) {
-        if (CancelRequested)
-            break;
-        Dir1.Path = Dir1.List(m);
-        RefuseOwnProject(Dir1.Path);
-        SiteWalk();
-        Dir1.Path = path;
-        DoEvents();
-    }
-    Dir1.Path = path;
-}
-
-std::int16_t StrCount(const Text &theString, const Text &CountThis)
-{
-    return CountInString(theString, CountThis);
-}
-
-std::int16_t GetDirLevel(const Text &thePath, int WhichSite)
-{
-    std::int16_t Result = 0;
-    Trap([&] {
-        const Text path = ifDirExists(thePath) ? AddTrailingSlash(thePath) : thePath;
-        const Text base = WhichSite == 1 ? InProgramDir(AddTrailingSlash(ProjectNumber)) : LocalSiteDir;
-        // Deliberate: as many characters as the base has are cut off, whatever they are.
-        Result = StrCount(RightPart(path, Len(path) - Len(base)), "\\");
-    });
-    return Result;
-}
-
-Text StringMulti(int HowMany, const Text &theString)
-{
-    Text Result;
-    for (int i = 0; i < HowMany; ++i)
-        Result += theString;
-    return Result;
 }
 
 static bool MustStop()
@@ -321,16 +206,15 @@ void btnReport_Click()
 {
     Trap([] {
         GenerateReport();
-        // frmHelp may have brought it into being, hidden, before there was a report: it is to open on this one all the
-        // same.
+        // frmHelp may have loaded it, hidden, before the report existed. Loading it again makes it open this report.
         if (!frmReport::Me.Visible)
             frmReport::Me.Unload();
         frmReport::Me.Show();
         frmGeneratingReport::Me.Unload();
         Me.Unload();
     });
-    // Where no report could be made both screens stay. Their frames can be closed then, and no tick here brings the
-    // other one back.
+    // When no report could be made, both screens stay. The user can then close their windows, and no tick of Timer2
+    // loads the other screen again.
     if (Me.Visible && !ReportFinished) {
         Timer2.Enabled = false;
         Me.CloseRefused = frmGeneratingReport::Me.CloseRefused = false;

@@ -113,7 +113,6 @@ static Text NewSiteValue()
 static void MakeMainPage(
     const Text &newSite, const Text &brokenDetails, const Text &externalDetails, const Text &mediaDetails)
 {
-    using namespace frmProcess;
     LoadTemplate("report");
     // Deliberate: one after the other over the whole page: a marker inside a value is replaced in its turn.
     FillIn("<*thebackground*>", "../imgs/bg_report01.jpg");
@@ -122,18 +121,18 @@ static void MakeMainPage(
     FillIn("<*expdetails_title*>", "../imgs/title_exp_summary.png");
     FillIn("<!--lblProjectName-->", ProjectName);
     FillIn("<!--lblDomainName-->", DomainName);
-    FillIn("<!--lblLocalSite-->", lblOrigSiteDir.Caption);
+    FillIn("<!--lblLocalSite-->", frmProcess::lblOrigSiteDir.Caption);
     FillIn("<!--lblNewSite-->", newSite);
-    FillIn("<!--lblFilesProcessedCnt-->", lblFilesCnt.Caption);
-    FillIn("<!--lblPagesAddedCnt-->", lblPagesAdded.Caption);
+    FillIn("<!--lblFilesProcessedCnt-->", frmProcess::lblFilesCnt.Caption);
+    FillIn("<!--lblPagesAddedCnt-->", frmProcess::lblPagesAdded.Caption);
     // The label counts each keyword twice.
-    FillIn("<!--lblKeywordsAddedCntHalf-->", NumberText(NumberAtStart(lblKeywordsAdded.Caption) / 2));
-    FillIn("<!--lblKeywordsAddedCnt-->", lblKeywordsAdded.Caption);
-    FillIn("<!--lblMediaFilesCnt-->", lblMediaFilesFound.Caption);
-    FillIn("<!--lblLinksInternalCnt-->", lblLinksInternalCnt.Caption);
-    FillIn("<!--lblLinksExternalCnt-->", lblLinksExternalCnt.Caption);
-    FillIn("<!--lblLinksBrokenCnt-->", lblLinksBrokenCnt.Caption);
-    FillIn("<!--lblLinksMediaCnt-->", lblLinksMedia.Caption);
+    FillIn("<!--lblKeywordsAddedCntHalf-->", NumberText(NumberAtStart(frmProcess::lblKeywordsAdded.Caption) / 2));
+    FillIn("<!--lblKeywordsAddedCnt-->", frmProcess::lblKeywordsAdded.Caption);
+    FillIn("<!--lblMediaFilesCnt-->", frmProcess::lblMediaFilesFound.Caption);
+    FillIn("<!--lblLinksInternalCnt-->", frmProcess::lblLinksInternalCnt.Caption);
+    FillIn("<!--lblLinksExternalCnt-->", frmProcess::lblLinksExternalCnt.Caption);
+    FillIn("<!--lblLinksBrokenCnt-->", frmProcess::lblLinksBrokenCnt.Caption);
+    FillIn("<!--lblLinksMediaCnt-->", frmProcess::lblLinksMedia.Caption);
     FillIn("<!--LinksBrokenDetails-->", brokenDetails);
     FillIn("<!--LinksExternalDetails-->", externalDetails);
     FillIn("<!--MediaDetails-->", mediaDetails);

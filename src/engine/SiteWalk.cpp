@@ -1,0 +1,98 @@
+#include "engine/SiteWalk.h"
+#include "core/AppVars.h"
+#include "core/FileHandle.h"
+#include "core/TextOps.h"
+#include "core/frmLists.h"
+#include "disk/Files.h"
+#include "engine/do_the_file.h"
+#include "engine/frmProcess.h"
+#include "toolkit/Services.h"
+#include "wizard/frmFilters.h"
+
+// A walk that reached its own new site would overwrite its source, or copy its own copies without end. The check comes
+// before the walk begins, and again at each directory, because a link may lead into the project.
+void RefuseOwnProject(const Text &theDir)
+{
+    const Text project = InProgramDir(ProjectNumber);
+    if (ProjectNumber.empty())
+        Fail("No project was chosen. Please create a project or load one", "Timer1");
+    if (Files::IsReallyInside(theDir, project) || Files::IsReallyInside(project, LocalSiteDir))
+        Fail("The site's directory and the directory of the new site lie in one another. Please choose a directory "
+             "that holds the files of your site alone",
+            theDir);
+}
+
+// Deliberate: only the last three letters count and the dot does not matter: the row "tml" matches ".html".
+static bool EndsInRow(const Text &theFile, const Text &theRow)
+{
+    return EqualsIgnoringCase(RightPart(theFile, 3), theRow);
+}
+
+bool PassesFilter(const Text &theFile)
+{
+    // Deliberate: with the filter off pictures pass too: they are read and rewritten as pages.
+    if (!frmProcess::Menu.optUseFilters.Checked)
+        return true;
+    for (int row = 0; row < frmFilters::List1.ListCount(); ++row)
+        if (EndsInRow(theFile, frmFilters::List1.List(row)))
+            return true;
+    return false;
+}
+
+void AddToCount(Label &theLabel, double theNumber)
+{
+    theLabel.Caption = NumberText(NumberAtStart(theLabel.Caption) + theNumber);
+}
+
+static void TallyMediaFile(const Text &theFile)
+{
+    auto &extensions = frmLists::lstMediaExtensions;
+    for (int k = 0; k < extensions.ListCount(); ++k)
+        if (EndsInRow(theFile, extensions.List(k))) {
+            AddToCount(frmProcess::lblMediaFilesFound);
+            // Deliberate: a second run in one process adds to the counts of the first.
+            auto &counts = frmLists::lstMediaFilesCnt;
+            counts.SetList(k, NumberText(NumberAtStart(counts.List(k)) + 1));
+            return;
+        }
+}
+
+static void CopyUnchanged(const Text &theFile)
+{
+    const Text source = AddTrailingSlash(frmProcess::File1.Path) + theFile;
+    // Deliberate: the result is ignored: a copy that failed does not end the walk.
+    CopyFile(source, InProgramDir(ProjectNumber + "\\" + RightPart(source, Len(source) - Len(LocalSiteDir))));
+}
+
+void SiteWalk()
+{
+    const std::int16_t fileCount = Count16(frmProcess::File1.ListCount());
+    for (int i = 0; i < fileCount; ++i) {
+        if (CancelRequested)
+            break;
+        const Text file = frmProcess::File1.List(i);
+        frmProcess::lblCurrentFile.Caption = AddTrailingSlash(frmProcess::File1.Path) + file;
+        TreatThisFile = PassesFilter(file);
+        TallyMediaFile(file);
+        if (TreatThisFile)
+            do_the_file(file);
+        else
+            CopyUnchanged(file);
+        TreatThisFile = false;
+        DoEvents();
+    }
+    if (!frmProcess::Menu.optSubdirs.Checked)
+        return;
+    const Text path = frmProcess::Dir1.Path;
+    const std::int16_t dirCount = Count16(frmProcess::Dir1.ListCount());
+    for (int m = 0; m < dirCount; ++m) {
+        if (CancelRequested)
+            break;
+        frmProcess::Dir1.Path = frmProcess::Dir1.List(m);
+        RefuseOwnProject(frmProcess::Dir1.Path);
+        SiteWalk();
+        frmProcess::Dir1.Path = path;
+        DoEvents();
+    }
+    frmProcess::Dir1.Path = path;
+}
