@@ -1,37 +1,49 @@
-// The program's global state. It lives for the whole process, belongs to nobody and is read and written by name.
+// The program's global variables. They live for the whole process, have no owner and are read and written by name.
+// AppVarNames.cpp lists them once more, for look-ups by name; a test holds the two together.
 #pragma once
 #include "base/Text.h"
 
-extern Text ShowWelcome;  // text of a flag: show frmWelcome at the start
-extern Text DebugWhere;   // breadcrumb; only ifDirExists shows it
-extern bool DevMode;      // developer's build: no trap catches. Set false at the start and never changed
-extern Text AppTitle;     // caption of every screen
-extern double FormWidth;  // of every screen of the wizard, in pixels
-extern double FormHeight;
-extern long PagesFailedCnt;         // links for which no new page could be made; shown nowhere
-extern long BrokenLinksTally;       // second tally of missing files; never reset
-extern long LinksInternalCnt;       // internal links rewritten in this run
-extern long FilesProcessedCnt;      // pages expanded in this run
-extern long RunSpareCnt;            // reset by a run and never used
-extern long KeywordsInFileName;     // keywords put into the newest file name
-extern long InitSpareValue;         // given a value at the start and never read
-extern double KeywordsPerFilename;  // keywords wanted in a new file name
-extern bool ExitConfirmNeeded;      // ask before ending the program; never cleared
-extern Text ProjectMode;            // "load" or "create": how the project was entered
-extern bool UsingQuillmark;         // new file names draw on the dictionary instead of the keywords
-extern Text ProjectNumber;          // four digits; names the project's directories
-extern Text ProjectName;            // the user's name for the project
-extern Text LocalSiteDir;           // root of the local copy of the site, with a final backslash
-extern Text DomainName;             // without a scheme, "www." and final slashes
-extern long KeywordTotal;           // size of the keyword list
-extern bool CancelRequested;        // the user cancelled the run; never cleared
-extern bool PauseAbortFlag;         // read by btnPause, set by nothing
-extern bool TreatThisFile;          // the filter's verdict on the file in hand
-extern bool ReportFinished;         // stops the two animations of the report; never cleared
-extern Text CurrentFilePath;        // bare name of the page in hand
-extern Text LinkSubDir;             // scratch text of isLinkBroken and CreateNewlyKeywordedFile
-extern Text FileNameNumber;         // six digits: the number in the newest file name
-extern Text OldPageChunk;           // scratch of the page assembly
-extern Text NewPageChunk;
-extern bool HelpBoxOpen;    // the help box is out on the current screen
-extern bool HelpBoxClosed;  // the next ShowHelpBox slides, whatever its heading
+// The program and its screens.
+inline constinit bool DevMode = false;            // developer build: no trap catches. Set to false at the start
+inline constinit Text AppTitle;                   // caption of every screen
+inline constinit double FormWidth = 0;            // width of every wizard screen, in pixels
+inline constinit double FormHeight = 0;           // height of every wizard screen, in pixels
+inline constinit bool ExitConfirmNeeded = false;  // ask before ending the program; set at the start, never cleared
+inline constinit Text DebugWhere;                 // name of a procedure that was entered; only ifDirExists shows it
+
+// The project.
+inline constinit Text ProjectMode;       // "load" or "create": how the project was entered
+inline constinit Text ProjectNumber;     // four digits, which name the project's two directories
+inline constinit Text ProjectName;       // the user's name for the project
+inline constinit Text LocalSiteDir;      // root of the local copy of the site, with a final backslash
+inline constinit Text DomainName;        // without "http://", "www." and final slashes, in the case that was entered
+inline constinit long KeywordTotal = 0;  // number of rows of the keyword list
+
+// The options.
+inline constinit Text ShowWelcome;                // a flag as text: show frmWelcome at the start
+inline constinit bool UsingQuillmark = false;     // new file names use words of the dictionary instead of keywords
+inline constinit double KeywordsPerFilename = 0;  // keywords wanted in a new file name; a short file name lowers it
+
+// The run.
+inline constinit bool CancelRequested = false;  // the user cancelled the run; never cleared
+inline constinit bool PauseAbortFlag = false;   // ends a pause like CancelRequested, but nothing sets it
+inline constinit bool ReportFinished = false;   // stops the two animations of the report; a run never clears it
+inline constinit bool TreatThisFile = false;    // the filter lets the current file through
+inline constinit Text CurrentFilePath;          // bare name of the current page
+inline constinit long FilesProcessedCnt = 0;    // pages expanded in this run
+inline constinit long LinksInternalCnt = 0;     // internal links rewritten in this run
+inline constinit long BrokenLinksTally = 0;     // a second count of missing files; never reset
+inline constinit long KeywordsInFileName = 0;   // keywords in the file name made last
+inline constinit Text FileNameNumber;           // the six digits of the file name made last
+inline constinit Text LinkSubDir;               // work area of isLinkBroken and CreateNewlyKeywordedFile
+inline constinit Text OldPageChunk;             // last piece that was added to the page with its old links
+inline constinit Text NewPageChunk;             // last piece that was added to the page with its new links
+
+// The help box.
+inline constinit bool HelpBoxOpen = false;   // the help box of the current screen is open
+inline constinit bool HelpBoxClosed = true;  // the next ShowHelpBox slides the box out, whatever its heading
+
+// Written, but read by nothing.
+inline constinit long PagesFailedCnt = 0;  // links for which no new page could be made
+inline constinit long RunSpareCnt = 0;     // set to 0 at each run
+inline constinit long InitSpareValue = 0;  // set to 1 at the start
