@@ -5,7 +5,7 @@ static std::size_t PairOf(char theFirst, char theSecond)
     return static_cast<std::size_t>(static_cast<unsigned char>(theFirst) << 8 | static_cast<unsigned char>(theSecond));
 }
 
-void RowFinder::Sort()
+void RowFinder::BuildIndex()
 {
     revision = list.Revision();
     hasEmptyRow = false;
@@ -16,7 +16,7 @@ void RowFinder::Sort()
             hasEmptyRow = true;
             continue;
         }
-        // A row of one character stands under all pairs that begin with it.
+        // A row of one character is listed under every pair that begins with it.
         for (int second = 0; second < 256; ++second)
             if (row.size() == 1 || static_cast<char>(second) == row[1]) {
                 const std::size_t pair = PairOf(row[0], static_cast<char>(second));
@@ -26,14 +26,14 @@ void RowFinder::Sort()
     }
 }
 
-bool RowFinder::FindsOneIn(const Text &theText)
+bool RowFinder::AnyRowIn(const Text &theText)
 {
     if (revision != list.Revision())
-        Sort();
+        BuildIndex();
     if (hasEmptyRow)
         return true;
     for (std::size_t at = 0; at < theText.size(); ++at) {
-        // Behind the last character stands a zero, which only a row of one character passes.
+        // The last character is paired with the zero behind the text, so only rows of one character can match there.
         const std::size_t pair = PairOf(theText[at], theText.c_str()[at + 1]);
         if (!beginnings.test(pair))
             continue;

@@ -1,4 +1,4 @@
-// Finds whether any row of a list stands in a text; every link asks that of hundreds of rows.
+// Tests whether any row of a list occurs in a text. Every link is tested against hundreds of rows.
 #pragma once
 #include "toolkit/Controls.h"
 #include <bitset>
@@ -8,15 +8,15 @@ class RowFinder
 {
 public:
     explicit RowFinder(const ListBox &theList) : list(theList) {}
-    // True as soon as a row occurs in theText by exact comparison; an empty row occurs in every text.
-    bool FindsOneIn(const Text &theText);
+    // True when a row occurs in theText, compared exactly. An empty row occurs in every text.
+    bool AnyRowIn(const Text &theText);
 
 private:
-    void Sort();
+    void BuildIndex();
 
     const ListBox &list;
-    std::uint64_t revision = ~std::uint64_t{0};  // of the list when its rows were sorted
+    std::uint64_t revision = ~std::uint64_t{0};  // of the list when the index was built
     bool hasEmptyRow = false;
-    std::bitset<65536> beginnings;  // the first two characters of all rows
+    std::bitset<65536> beginnings;  // the pairs of characters with which rows begin
     std::unordered_map<std::size_t, std::vector<Text>> byBeginning;
 };

@@ -9,6 +9,29 @@
 #include "engine/frmProcess.h"
 #include "engine/temp.h"
 
+Text PageDirectory()
+{
+    return AddTrailingSlash(frmProcess::File1.Path);
+}
+
+// theText without as many first characters as theHead has; they are not compared. Fails when theText is shorter.
+static Text DropLengthOf(const Text &theText, const Text &theHead)
+{
+    return RightPart(theText, Len(theText) - Len(theHead));
+}
+
+Text PageSubdirectory()
+{
+    return DropLengthOf(PageDirectory(), LocalSiteDir);
+}
+
+void ShowBothSlashes(const Text &theLink)
+{
+    // Deliberate: the message names GetFileFromLink, whichever procedure calls.
+    ShowMessageLines({"Houston, we have a problem.", "The passed link contains both forward and back slashes", "",
+        "The passed link:  " + theLink, "Called from GetFileFromLink().temp"});
+}
+
 Text GetTagAtPos(std::int64_t thePos)
 {
     const Text &page = frmLists::RichTextBox2.Text;
@@ -19,7 +42,7 @@ Text GetTagAtPos(std::int64_t thePos)
 
 namespace
 {
-// A position of theText, or 0 behind its end.
+// The character at a position of theText; 0 outside it.
 char CharAt(const Text &theText, std::int64_t thePos)
 {
     return thePos >= 1 && thePos <= Len(theText) ? theText[static_cast<std::size_t>(thePos - 1)] : '\0';
@@ -30,20 +53,20 @@ bool IsPast(const Text &theText, std::int64_t thePos)
     return thePos > Len(theText);
 }
 
-// The value behind the "href" at thePos. WhenEndless is asked with the count of each character of an unquoted value and
-// must not come back for ever.
-template <class WhenEndless>
-Text ReadValue(const Text &theText, std::int64_t thePos, std::int64_t theOffset, WhenEndless &&whenEndless)
+// The value of the "href" at thePos; theOffset leads to its first character. For each further character of an unquoted
+// value checkEnd gets the count and whether the text has ended; once it has, checkEnd must throw.
+template <class CheckEnd>
+Text ReadValue(const Text &theText, std::int64_t thePos, std::int64_t theOffset, CheckEnd &&checkEnd)
 {
     const char opening = CharAt(theText, thePos + theOffset);
     const std::int64_t start = thePos + theOffset + 1;
     if (!IsPast(theText, start - 1) && (opening == '"' || opening == '\''))
         return MidPart(theText, start, FindText(start, theText, Text(1, opening)) - start);
-    // Deliberate: begins one behind start: the character at start belongs to the value untested, even a ">".
+    // Deliberate: the test begins one character behind start, so even a ">" at start becomes part of the value.
     std::int64_t i = 1;
     while (CharAt(theText, start + i) != ' ' && CharAt(theText, start + i) != '>') {
         ++i;
-        whenEndless(i, IsPast(theText, start + i));
+        checkEnd(i, IsPast(theText, start + i));
     }
     return MidPart(theText, start - 1, i + 1);
 }
@@ -72,90 +95,6 @@ Text GetLinkAtPos(std::int64_t thePos)
     return Result;
 }
 
-Text GetLinkFromTag(const Text &theTag)
-{
-    Text Result;
-    Trap([&] {
-        const Text tag = CloseUpEquals(theTag);
-        // Deliberate: without "href" the position is 0, and the reading begins at the fourth character.
-        const std::int16_t position = Count16(FindText(1, LowerText(tag), "href"));
-        std::int16_t off = 4;
-        while (IsBetweenNameAndValue(tag, position + off))
-            off = Count16(off + 1);
-        // Deliberate: without a ">" the count overflows in the end, and the value is empty.
-        Result = ReadValue(tag, position, off, [](std::int64_t i, bool) { Count16(i); });
-    });
-    return Result;
-}
-
-Text SwapLinkInTag(const Text &theTag, const Text &newLink, const Text &)
-{
-    Text Result;
-    Trap([&] {
-        const Text tag = CloseUpEquals(theTag);
-        const Text old = GetLinkFromTag(tag);
-        // Deliberate: an empty link is found at position 1, so the new one lands in front of the tag.
-        const std::int64_t p = FindText(1, tag, old);
-        Result = LeftPart(tag, p - 1) + newLink + RightPart(tag, Len(tag) - p - Len(old) + 1);
-    });
-    return Result;
-}
-
-Text StripSiteHead(const Text &theLink, Flag KEEPEXTRA)
-{
-    Text Result;
-    Trap([&] {
-        Text link = theLink;
-        if (KEEPEXTRA != 1)
-            if (const std::int64_t query = FindText(1, link, "?"); query > 0)
-                link = LeftPart(link, query - 1);
-        // Deliberate: no other scheme is known: a secure link keeps its head.
-        for (const char *head : {"http://", "http:\\\\", "www."})
-            link = StripFromEnds(link, head, 1);
-        Result = link;
-    });
-    return Result;
-}
-
-bool isDomainExtensionInLink(const Text &theLink)
-{
-    static RowFinder finder(frmLists::ListDomainExtensions);
-    bool Result = false;
-    Trap([&] { Result = finder.FindsOneIn(theLink); });
-    return Result;
-}
-
-bool isLinkTrash(const Text &theTag)
-{
-    static RowFinder finder(frmLists::ListLinkTrash);
-    bool Result = false;
-    Trap([&] { Result = finder.FindsOneIn(theTag); });
-    return Result;
-}
-
-Text PageDirectory()
-{
-    return AddTrailingSlash(frmProcess::File1.Path);
-}
-
-// theText without its first characters, as many as theHead is long, whatever they are; a failure when there are fewer.
-static Text WithoutAsMany(const Text &theText, const Text &theHead)
-{
-    return RightPart(theText, Len(theText) - Len(theHead));
-}
-
-Text PageSubdirectory()
-{
-    return WithoutAsMany(PageDirectory(), LocalSiteDir);
-}
-
-void ShowBothSlashes(const Text &theLink)
-{
-    // Deliberate: the words name GetFileFromLink, whoever calls.
-    ShowMessageLines({"Houston, we have a problem.", "The passed link contains both forward and back slashes", "",
-        "The passed link:  " + theLink, "Called from GetFileFromLink().temp"});
-}
-
 static Text ParentOf(const Text &thePath)
 {
     return AddTrailingSlash(StripFileFromEnd(thePath));
@@ -168,7 +107,7 @@ static Text ClimbFrom(Text theBase, Text theLink)
     std::int64_t levels = 0;
     for (Text above = ParentOf(theBase); above != "0\\"; above = ParentOf(above))
         ++levels;
-    // Deliberate: all "..\" of the link count, wherever they stand, but only the leading ones are climbed.
+    // Deliberate: every "..\" of the link is counted, but only the leading ones are climbed.
     if (levels < wanted)
         return "0";
     while (BeginsWith(theLink, "..\\")) {
@@ -191,50 +130,142 @@ Text RebaseDottedLink(const Text &theLink)
             link = ReplaceText(link, "/", "\\");
         const Text base = AddTrailingSlash(DomainName) + PageSubdirectory();
         Text r;
-        if (link == ".")  // rooted at nothing: the domain is cut away again. Wanted.
-            r = WithoutAsMany(base, DomainName);
+        if (link == ".")
+            // Deliberate: the domain is removed again, so the result begins with a slash.
+            r = DropLengthOf(base, DomainName);
         else if (link == "..")
-            // Deliberate: in the site's root the parent is "0\": the count goes negative and the result is empty.
-            r = WithoutAsMany(ParentOf(base), DomainName);
+            // Deliberate: for a page in the root the parent is "0\", so the count is negative and the result empty.
+            r = DropLengthOf(ParentOf(base), DomainName);
         else if (BeginsWith(link, "\\"))
             r = DomainName + link;
         else if (BeginsWith(link, ".\\"))
-            // Deliberate: only the drive is taken away, so the site's own directories end up in the link.
+            // Deliberate: only the drive is removed, so the directories above the site's root stay in the link.
             r = DomainName + RightPart(PageDirectory(), Len(PageDirectory()) - 2) + RightPart(link, Len(link) - 2);
         else if (BeginsWith(link, "..\\"))
             r = ClimbFrom(base, link);
         else if (Contains(link, ".") && !isDomainExtensionInLink(link))
-            r = PageSubdirectory();  // without the link's own name. Wanted.
+            // Deliberate: the link's own name is lost.
+            r = PageSubdirectory();
         Result = forward ? ReplaceText(r, "\\", "/") : r;
+    });
+    return Result;
+}
+
+Text GetLinkFromTag(const Text &theTag)
+{
+    Text Result;
+    Trap([&] {
+        const Text tag = CloseUpEquals(theTag);
+        // Deliberate: without an "href" the position is 0, so the reading begins at the fourth character.
+        const std::int16_t position = Count16(FindText(1, LowerText(tag), "href"));
+        std::int16_t off = 4;
+        while (IsBetweenNameAndValue(tag, position + off))
+            off = Count16(off + 1);
+        // Deliberate: without a ">" the count overflows in the end and the result is empty.
+        Result = ReadValue(tag, position, off, [](std::int64_t i, bool) { Count16(i); });
+    });
+    return Result;
+}
+
+Text SwapLinkInTag(const Text &theTag, const Text &newLink, const Text &)
+{
+    Text Result;
+    Trap([&] {
+        const Text tag = CloseUpEquals(theTag);
+        const Text old = GetLinkFromTag(tag);
+        // Deliberate: an empty link is found at position 1, so the new link is put in front of the tag.
+        const std::int64_t p = FindText(1, tag, old);
+        Result = LeftPart(tag, p - 1) + newLink + RightPart(tag, Len(tag) - p - Len(old) + 1);
+    });
+    return Result;
+}
+
+bool isLinkTrash(const Text &theTag)
+{
+    static RowFinder finder(frmLists::ListLinkTrash);
+    bool Result = false;
+    Trap([&] { Result = finder.AnyRowIn(theTag); });
+    return Result;
+}
+
+bool isDomainExtensionInLink(const Text &theLink)
+{
+    static RowFinder finder(frmLists::ListDomainExtensions);
+    bool Result = false;
+    Trap([&] { Result = finder.AnyRowIn(theLink); });
+    return Result;
+}
+
+std::int16_t isLinkInternal(const Text &theLink, const Text &theTag)
+{
+    std::int16_t Result = 0;
+    Trap([&] {
+        if (isLinkTrash(theTag))
+            return;
+        Text link = LowerText(theLink);
+        if (Contains(link, "/")) {
+            if (Contains(link, "\\"))
+                ShowBothSlashes(link);
+            link = ReplaceText(link, "/", "\\");
+        }
+        if (BeginsWith(link, "\\") || BeginsWith(link, ".")) {
+            Result = -1;
+            return;
+        }
+        const std::int64_t domain = FindText(1, link, LowerText(DomainName));
+        if (domain > 0) {
+            const std::int64_t query = FindText(1, link, "?"), anchor = FindText(1, link, "#");
+            // Deliberate: a link with the domain only behind the "?" or "#" is neither internal nor external.
+            const bool isInFront = (query == 0 && anchor == 0) || domain < query || domain < anchor;
+            Result = isInFront ? -1 : 0;
+        } else if (Contains(link, "."))
+            // Deliberate: another site's host counts as a file of this site when the list lacks its domain ending.
+            Result = isDomainExtensionInLink(link) ? 1 : -1;
+    });
+    return Result;
+}
+
+Text StripSiteHead(const Text &theLink, Flag KEEPEXTRA)
+{
+    Text Result;
+    Trap([&] {
+        Text link = theLink;
+        if (KEEPEXTRA != 1)
+            if (const std::int64_t query = FindText(1, link, "?"); query > 0)
+                link = LeftPart(link, query - 1);
+        // Deliberate: no other scheme is known, so an https link keeps its head.
+        for (const char *head : {"http://", "http:\\\\", "www."})
+            link = StripFromEnds(link, head, 1);
+        Result = link;
     });
     return Result;
 }
 
 Text AllAfterSiteRootNet(const Text &theLink, Flag KEEPEXTRA)
 {
-    Text Result = theLink;  // what a failure leaves behind
+    Text Result = theLink;  // also the result after a failure
     Trap([&] {
         Text s = StripSiteHead(theLink, KEEPEXTRA);
         if (BeginsWith(s, "\\"))
             Result = RightPart(s, Len(s) - 1);
         else if (EqualsIgnoringCase(LeftPart(s, Len(DomainName)), DomainName))
-            Result = WithoutAsMany(s, DomainName);
+            Result = DropLengthOf(s, DomainName);
         else if (s == ".")
             Result = PageSubdirectory();
         else if (s == "..")
-            Result = WithoutAsMany(ParentOf(PageDirectory()), LocalSiteDir);
+            Result = DropLengthOf(ParentOf(PageDirectory()), LocalSiteDir);
         else if (BeginsWith(s, ".\\"))
-            // Deliberate: a full path, with a backslash behind the file's name.
+            // Deliberate: the result is a full path, with a backslash behind the file name.
             Result = PageDirectory() + AddTrailingSlash(RightPart(s, Len(s) - 2));
         else if (BeginsWith(s, "..\\")) {
-            // Deliberate: dropped, not climbed.
+            // Deliberate: each "..\" is dropped without climbing a level.
             while (BeginsWith(s, "..\\"))
                 s = RightPart(s, Len(s) - 3);
             Result = s;
         } else if (Contains(s, ".") && !isDomainExtensionInLink(s))
-            // Deliberate: a plain link's own directories are lost: it is looked for beside the page.
+            // Deliberate: the directories in a plain link are lost, so its file is looked for beside the page.
             Result = PageSubdirectory();
-        // Deliberate: in all other cases the link stays as it came, with its head.
+        // Deliberate: any other link stays as it is, with its head.
     });
     return Result;
 }
@@ -243,9 +274,9 @@ Text LocalPathOfLink(const Text &theLink)
 {
     Text Result;
     Trap([&] {
-        // The second strip finds nothing any more.
+        // The second call finds nothing left to strip.
         const Text base = StripFromEnds(StripFromEnds(LocalSiteDir, "\\", 0), "\\", 0);
-        // Deliberate: no separator between them: a remainder without one runs into the directory's name.
+        // Deliberate: no separator is added, so a remainder without one is joined to the directory's name.
         Result = base + AllAfterSiteRootNet(theLink, 0);
     });
     return Result;
@@ -269,45 +300,22 @@ Text ScanForAnIndexFile(const Text &thePath)
     return Result;
 }
 
-std::int16_t isLinkInternal(const Text &theLink, const Text &theTag)
+bool SetLinkSubDir(const Text &theLink)
 {
-    std::int16_t Result = 0;
-    Trap([&] {
-        if (isLinkTrash(theTag))
-            return;
-        Text link = LowerText(theLink);
-        if (Contains(link, "/")) {
-            if (Contains(link, "\\"))
-                ShowBothSlashes(link);
-            link = ReplaceText(link, "/", "\\");
-        }
-        if (BeginsWith(link, "\\") || BeginsWith(link, ".")) {
-            Result = -1;
-            return;
-        }
-        const std::int64_t domain = FindText(1, link, LowerText(DomainName));
-        if (domain > 0) {
-            const std::int64_t query = FindText(1, link, "?"), anchor = FindText(1, link, "#");
-            // Deliberate: a domain that stands only behind the query or the anchor makes the link neither kind.
-            const bool isInFront = (query == 0 && anchor == 0) || domain < query || domain < anchor;
-            Result = isInFront ? -1 : 0;
-        } else if (Contains(link, "."))
-            // Deliberate: a host whose ending the list lacks counts as a file of the site.
-            Result = isDomainExtensionInLink(link) ? 1 : -1;
-    });
-    return Result;
-}
-
-// Has no trap: a failure in its own statements is its caller's.
-std::int16_t isLinkBroken(const Text &theLink)
-{
-    const Text fileName = GetFileFromLink(theLink, 0, 1);
     LinkSubDir = AllAfterSiteRootNet(theLink, 1);
     if (EqualsIgnoringCase(LinkSubDir, "err"))
-        return 0;
+        return false;
     LinkSubDir = ReplaceText(LinkSubDir, "/", "\\");
     LinkSubDir = GetFileFromLink(LinkSubDir, 1, 0);
     LinkSubDir = StripFromEnds(LinkSubDir, "\\", 1);
+    return true;
+}
+
+std::int16_t isLinkBroken(const Text &theLink)
+{
+    const Text fileName = GetFileFromLink(theLink, 0, 1);
+    if (!SetLinkSubDir(theLink))
+        return 0;
     const Text path = ReplaceText(LocalSiteDir + LinkSubDir + fileName, "\\\\", "\\");
     return ifFileExists(path) ? 0 : 2;
 }

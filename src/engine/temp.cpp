@@ -19,27 +19,26 @@ static Text LastElement(const Text &thePath)
     return RightPart(thePath, Len(thePath) - FindLastText(thePath, "\\"));
 }
 
-// Deliberate: a second writer of the label that counts broken links: it then shows whichever wrote last.
+// Deliberate: page expansion counts broken links in the same label, which shows whatever was written last.
 static void RaiseBrokenLinksTally()
 {
     ++BrokenLinksTally;
     frmProcess::lblLinksBrokenCnt.Caption = std::to_string(BrokenLinksTally);
 }
 
-// The index file of a link that ends in a backslash, empty when its directory has none, or the error that the scan
-// gave.
+// The index file for a link that ends in a backslash; empty when its directory has none, or the error of the scan.
 static Text IndexFileOfDirectory(const Text &theLink)
 {
     const Text found = ScanForAnIndexFile(AddTrailingSlash(LocalPathOfLink(theLink)));
     if (LowerText(LeftPart(found, 5)) != "*err*")
         return LastElement(found);
-    // Deliberate: only here is a missing directory counted; the other scans let the error through.
+    // Deliberate: a missing directory is counted only here; other scans return the error without counting it.
     if (NumberAtStart(RightPart(found, Len(found) - 5)) == 3)
         RaiseBrokenLinksTally();
     return found;
 }
 
-// The file that theLink, in backslash form, ends in, or leads to by a scan.
+// The file that theLink ends in, or that a scan of its directory finds. theLink is in backslash form.
 static Text FileOfLink(const Text &theLink, Flag wantDir, Flag wantFile)
 {
     if (EndsWith(theLink, "\\")) {
@@ -61,17 +60,18 @@ static Text FileOfLink(const Text &theLink, Flag wantDir, Flag wantFile)
     if (!Contains(theLink, ".")) {
         if (wantFile < 1)
             return "";
-        ScanForAnIndexFile(theLink + "\\");  // for its messages alone; the file stays the link. Wanted.
+        // Deliberate: the scan only shows its messages; its result is not used and the link counts as the file.
+        ScanForAnIndexFile(theLink + "\\");
         return theLink;
     }
     if (theLink == "." || theLink == "..") {
         if (wantFile <= 0)
             return "";
-        // Deliberate: neither is a path that can be scanned: its messages show and the error becomes the file.
+        // Deliberate: neither path can be scanned, so messages are shown and the error counts as the file.
         return ScanForAnIndexFile(theLink == "." ? "\\" : "0\\");
     }
-    // Links are lower-case and DomainName is not lowered: one with a capital letter is never found, and the bare domain
-    // Deliberate: then counts as a file.
+    // Deliberate: links are in lower case, but DomainName keeps its capitals. A domain with a capital letter is never
+    // found here, so the bare domain then counts as a file.
     if (!Contains(theLink, DomainName))
         return theLink;
     return wantFile < 1 ? "" : LastElement(ScanForAnIndexFile(AddTrailingSlash(LocalPathOfLink(theLink))));
@@ -84,7 +84,7 @@ Text GetFileFromLink(const Text &theLink, Flag wantDir, Flag wantFile)
         if (theLink.empty())
             return;
         Text link = theLink;
-        // Deliberate: a "?" wins even when a "#" stands before it.
+        // Deliberate: the link is cut at a "?" even when a "#" stands before it.
         std::int64_t cut = FindText(1, link, "?");
         if (cut == 0)
             cut = FindText(1, link, "#");
@@ -97,7 +97,7 @@ Text GetFileFromLink(const Text &theLink, Flag wantDir, Flag wantFile)
                 ShowBothSlashes(link);
             link = ReplaceText(link, "/", "\\");
         }
-        Result = link;  // what a failure leaves behind from here on
+        Result = link;  // also the result after a failure in the lines below
         Text file = FileOfLink(link, wantDir, wantFile);
         if (forward)
             file = ReplaceText(file, "\\", "/");
@@ -109,7 +109,8 @@ Text GetFileFromLink(const Text &theLink, Flag wantDir, Flag wantFile)
     return Result;
 }
 
-// True when a keyword, lower-cased, is just that word.
+// True when theWord is a keyword.
+// Deliberate: only the keywords are lower-cased, so a word with a capital letter is never taken for one.
 static bool IsKeyword(const Text &theWord)
 {
     static std::unordered_set<Text> keywords;
@@ -123,12 +124,13 @@ static bool IsKeyword(const Text &theWord)
     return keywords.contains(theWord);
 }
 
-// Draws rows of theSource, with replacement, and adds each that theRule lets pass to theName, until there are enough.
+// Draws rows of theSource at random, with replacement, and adds each row that theRule accepts to theName, until the
+// name contains enough words.
 static void AddWords(Text &theName, const ListBox &theSource, const std::function<bool(const Text &)> &theRule)
 {
     const int count = theSource.ListCount();
     const auto mayAdd = [&](const Text &theWord) {
-        // Deliberate: looked for in the whole name, digits included: after "rates" the word "rate" is refused.
+        // Deliberate: the word is searched in the whole name, digits included: after "rates", "rate" is refused.
         return FindText(1, theName, theWord, true) == 0 && theRule(theWord);
     };
     std::int64_t refused = 0;
@@ -142,7 +144,7 @@ static void AddWords(Text &theName, const ListBox &theSource, const std::functio
         }
         if (++refused != count + 1)
             continue;
-        // So many refusals make it worth asking whether the draw can ever succeed; while it can, it goes on.
+        // After this many refusals it is worth checking whether any row can still be added. If so, drawing continues.
         const auto &rows = theSource.Rows();
         if (std::none_of(rows.begin(), rows.end(), mayAdd))
             Standstill("MakeKeywordedFileName", "There are too few different keywords for the " +
@@ -156,12 +158,12 @@ Text MakeKeywordedFileName(const Text &theFileName)
     Text Result;
     Trap([&] {
         const std::int64_t n = Len(theFileName);
-        // Deliberate: without a point the whole name is the extension.
+        // Deliberate: when the name contains no dot, the whole name is the extension.
         const Text extension = RightPart(theFileName, n - FindLastText(theFileName, ".") + 1);
         FileNameNumber = PadNumberLeft(static_cast<std::int32_t>(GetRandomNumber(999999)), 6);
         Text name = FileNameNumber;
         KeywordsInFileName = 0;
-        // Deliberate: held against the length of the name, and lowered for good: one short name serves all later ones.
+        // Deliberate: the limit is the length of the file name, and the lowered value stays for all later names.
         if (KeywordsPerFilename > static_cast<double>(n))
             KeywordsPerFilename = static_cast<double>(n);
         if (!UsingQuillmark)
@@ -185,7 +187,7 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
         const Text rest = RightPart(tag, Len(tag) - Len(head) - Len(link));
         const std::int16_t fileLen = Count16(Len(theFile));
         const bool forward = Contains(link, "/");
-        // Deliberate: the other kind than the link's own: "/" where it holds none.
+        // Deliberate: a link without "/" gets "/" as its separator, even when it contains backslashes.
         const Text separator = forward ? "\\" : "/";
         if (forward) {
             if (Contains(link, "\\"))
@@ -213,17 +215,17 @@ Text InsertFilenameIntoLink(const Text &theFile, const Text &newFile, const Text
             ShowMessageLines({"The original filename was not found in the link.  This is likely the case of a "
                               "scanned-for index.htm type of file",
                 "", "InsertFilenameIntoLink().temp"});
-        // The file's length is taken off also where it doesn't stand in the link: the count goes negative, the result
-        // Deliberate: is empty and the tag drops out of the page.
+        // Deliberate: the length of the file name is subtracted even when the link does not contain it. The count is
+        // then usually negative, the result is empty, and the tag disappears from the page.
         const Text tail = RightPart(link, Len(link) - Len(dirPart) - fileLen + extra);
         const Text newTag = head + dirPart + newFile + tail + rest;
-        // Deliberate: in the whole tag, its other text included.
+        // Deliberate: backslashes are replaced in the whole tag, not only in its link.
         Result = forward ? ReplaceText(newTag, "\\", "/") : newTag;
     });
     return Result;
 }
 
-// Whether the elements of thePath, read from the left, ever climb above where they start.
+// True when thePath, read from the left, climbs above its own start at any point.
 static bool ClimbsOut(const Text &thePath)
 {
     int depth = 0;
@@ -242,15 +244,11 @@ std::int16_t CreateNewlyKeywordedFile(const Text &theLink, const Text &newFile, 
 {
     std::int16_t Result = 0;
     Trap([&] {
-        LinkSubDir = AllAfterSiteRootNet(theLink, 1);
-        if (EqualsIgnoringCase(LinkSubDir, "err")) {
+        if (!SetLinkSubDir(theLink)) {
             MsgBox("cannot yet accept this case:  " + theLink + CRLF + "CreateNewlyKeywordedFile().temp");
             Result = 1;
             return;
         }
-        LinkSubDir = ReplaceText(LinkSubDir, "/", "\\");
-        LinkSubDir = GetFileFromLink(LinkSubDir, 1, 0);
-        LinkSubDir = StripFromEnds(LinkSubDir, "\\", 1);
         const Text project = InProgramDir(AddTrailingSlash(ProjectNumber));
         const auto targetOf = [&](const Text &theName) {
             return ReplaceText(project + AddTrailingSlash(LinkSubDir) + theName, "\\\\", "\\");
@@ -258,11 +256,11 @@ std::int16_t CreateNewlyKeywordedFile(const Text &theLink, const Text &newFile, 
         Text name = newFile;
         Text target = targetOf(name);
         const Text source = ReplaceText(LocalSiteDir + LinkSubDir + theFile, "\\\\", "\\");
-        // A link may climb by ".." behind its domain: what lies outside the site or the project, or is reached by way
-        // of there, isn't there; though isLinkBroken may have found it.
+        // A link can contain ".." behind its domain. A file outside the site or the project, or one that is reached
+        // through a directory outside, is treated as missing, even if isLinkBroken has found it.
         const bool isInside =
             !ClimbsOut(LinkSubDir) && Paths::IsInside(source, LocalSiteDir) && Paths::IsInside(target, project);
-        // Deliberate: the tag already holds the first name, so after a collision the link and the copy disagree.
+        // Deliberate: the tag already contains the first name, so after a collision it leads to another file.
         while (isInside && ifFileExists(target)) {
             name = NewNumberInFileName(name);
             if (name.empty())

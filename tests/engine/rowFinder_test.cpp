@@ -1,4 +1,4 @@
-// The finder of rows gives what a search for each row in its turn gives.
+// A RowFinder finds the same as a separate search for each row.
 #include "TestSite.h"
 #include "core/TextOps.h"
 #include "core/frmLists.h"
@@ -23,7 +23,7 @@ TEST(RowFinder, FindsWhatAPlainSearchFinds)
         const Text text = textOf(random() % 12);
         const bool expected =
             std::any_of(rows.begin(), rows.end(), [&](const Text &row) { return Contains(text, row); });
-        ASSERT_EQ(finder.FindsOneIn(text), expected) << text;
+        ASSERT_EQ(finder.AnyRowIn(text), expected) << text;
     }
 }
 
@@ -32,9 +32,9 @@ TEST(RowFinder, TakesChangesOfTheListAndEmptyRows)
     ListBox &list = frmLists::ListDomainExtensions;
     RowFinder finder(list);
     list.SetRows({"x", ".com"});
-    EXPECT_TRUE(finder.FindsOneIn("ends in x") && finder.FindsOneIn("a.com") && !finder.FindsOneIn("a.co"));
+    EXPECT_TRUE(finder.AnyRowIn("ends in x") && finder.AnyRowIn("a.com") && !finder.AnyRowIn("a.co"));
     list.SetRows({});
-    EXPECT_FALSE(finder.FindsOneIn("x"));
+    EXPECT_FALSE(finder.AnyRowIn("x"));
     list.AddItem("");
-    EXPECT_TRUE(finder.FindsOneIn("")) << "an empty row stands in every text";
+    EXPECT_TRUE(finder.AnyRowIn("")) << "an empty row occurs in every text";
 }
