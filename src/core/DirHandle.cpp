@@ -5,7 +5,7 @@
 #include "disk/Files.h"
 #include "engine/temp.h"
 
-// Nothing sets it, so MakeOneDir stays silent.
+// Deliberate: nothing sets this, so MakeOneDir never shows its message.
 static bool showsDirErrors = false;
 
 bool ifDirExists(const Text &thePath)
@@ -31,7 +31,7 @@ bool ifDriveExists(const Text &thePath)
         Text drive = LeftPart(thePath, 3);
         if (Len(drive) == 1)
             drive += ":\\";
-        // Deliberate: "x:" alone gets no further than this: its characters 2 and 3 are not ":\".
+        // Deliberate: "x:" is not accepted, because its characters 2 and 3 are not ":\".
         if (MidPart(drive, 2, 2) == ":\\")
             Result = Files::IsDirectory(drive);
     });
@@ -50,9 +50,10 @@ bool CreateDirectories(const Text &thePath)
         const Text drive = LeftPart(thePath, 2);
         if (!ifDriveExists(thePath))
             Fail("drive not found", thePath);
-        // Deliberate: a "#" or "?" in a directory's name cuts the path there: what lies below is not made.
+        // Deliberate: GetFileFromLink cuts the path at a "#" or "?", so a directory with one in its name is not made.
         const Text path = AddTrailingSlash(GetFileFromLink(thePath, 1, 0));
-        // Each step below would fail in silence, unless a ".." leads by way of directories that aren't there yet.
+        // When the directory exists, the steps below can only fail in silence; but a path with ".." may lead through
+        // directories that do not exist yet.
         if (!Contains(path, "..") && Files::IsDirectory(path))
             return;
         const Text belowDrive = RightPart(path, Len(path) - 2);

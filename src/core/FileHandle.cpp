@@ -62,7 +62,7 @@ int AppendLineToFile(const Text &theTarget, const Text &thePath, const Text &the
 {
     Trap([&] {
         const Text file = AddTrailingSlash(thePath) + theTarget;
-        // Adding at the end leaves the same bytes as reading and rewriting the whole, at a cost that doesn't grow.
+        // Appending gives the same bytes as rewriting the whole file, and its cost does not grow with the file.
         const Text lineEnd = ifFileExists(file) && !Files::EndsInLineFeed(file) ? CRLF : "";
         Files::Append(file, lineEnd + theText + CRLF);
     });
@@ -87,7 +87,7 @@ Text SaveListToFile(const Text &theExtension, const Text &theName, const ListBox
 
 namespace
 {
-// How a list was last filled: it is not filled again while neither the file nor the list has changed.
+// From which file a list was last filled. It is not filled again while neither the file nor the list has changed.
 struct Filling {
     Text File;
     std::int64_t Stamp = -1;
@@ -119,7 +119,7 @@ long LoadListFromFile(const Text &theExtension, const Text &theName, ListBox &th
                 break;
             rows.push_back(text.substr(from, end - from));
             ++Result;
-            // The LF is taken to follow its CR.
+            // The character after the CR is skipped untested; it should be an LF.
             from = std::min(end + 2, text.size());
         }
         theList.SetRows(std::move(rows));
@@ -149,7 +149,7 @@ int SaveMarkedFile(const Text &theFile, const Text &theText, int quiet)
             PrintToFile(theFile, theText + "[]");
             return;
         }
-        // Deliberate: the box has only OK, so the answer is never Yes and the file stays as it was.
+        // Deliberate: the box has only an OK button, so the answer is never Yes and the file is not changed.
         MsgBox(Text("Are you sure you want to overwrite file:  ") + CRLF + theFile + "?");
     });
     return 0;
@@ -196,7 +196,9 @@ Text LoadVariable(const Text &theName, int scope)
         const std::int64_t end = FindText(found, text, "\r");
         if (end > 0)
             Result = MidPart(text, start, end - start);
-        else  // Three characters more than the value, back into the name. Wanted; our own writes never come here.
+        else
+            // Deliberate: the result has three characters more than the value. The files that this program writes
+            // always contain a CR, so they never come here.
             Result = RightPart(text, Len(text) - FindLastText(text, "|||") + 3);
     });
     return Result;
@@ -219,7 +221,7 @@ int SaveVariable(const Text &theName, const Text &theValue, int scope)
                 Text after = MidPart(text, q + 1, Len(text));
                 if (EndsWith(after, "\n"))
                     after = LeftPart(after, Len(after) - 2);
-                // Deliberate: no line break between them: the two variables live in files of their own, each alone.
+                // Deliberate: no line break is put between them. In practice each file contains only one variable.
                 newText = before + entry + after;
             }
         }

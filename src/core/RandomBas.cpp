@@ -2,7 +2,8 @@
 #include "core/Trap.h"
 #include <cmath>
 
-// The state runs on from draw to draw: started over from the clock alone, it would give one number twice within a tick.
+// The state is kept from draw to draw. Seeded from the clock alone, two draws within one tick would give the same
+// number.
 static constinit std::uint64_t randomState = 0;
 
 static float NextRandom()

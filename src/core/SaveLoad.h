@@ -1,5 +1,5 @@
-// The project's keyword list.
+// Loads the project's keyword list.
 #pragma once
 
-// Fills frmLists.lstKeywords with the rows of the current project's key file; says so when there is none.
+// Fills frmLists.lstKeywords with the rows of the current project's key file, or shows a message when there is none.
 void RefreshMasterKeywordList();

@@ -1,4 +1,4 @@
-// Where users find help: settings of the build.
+// Where users find support. The build sets these addresses.
 #pragma once
 #include "base/Text.h"
 
@@ -9,5 +9,5 @@
 #define FERNCASTLE_SUPPORT_MAIL "support@ferncastle.example"
 #endif
 
-inline constexpr const char *SupportSite = FERNCASTLE_SUPPORT_SITE;  // its paths /help and /contact are served
+inline constexpr const char *SupportSite = FERNCASTLE_SUPPORT_SITE;  // frmHelp opens its paths /help and /contact
 inline constexpr const char *SupportMail = FERNCASTLE_SUPPORT_MAIL;

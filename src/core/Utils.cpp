@@ -17,7 +17,7 @@ void ShowMessageLines(const std::vector<Text> &theLines)
 
 void LogMessageLines(const std::vector<Text> &)
 {
-    // Made for a log that the product doesn't keep; the calls stay where a log would want them.
+    // Deliberate: the program keeps no log. The calls mark the places where it would write one.
 }
 
 Text StripFromEnds(const Text &theString, const Text &theSub, Flag fromFront)
@@ -26,8 +26,8 @@ Text StripFromEnds(const Text &theString, const Text &theSub, Flag fromFront)
     Trap([&] {
         Result = theString;
         Text work = theString;
-        // n stays though work shrinks: a doubled occurrence runs the loop out with Result unassigned, so it comes back
-        // whole, and so does a text of one character. Wanted: the link rules inherit it.
+        // Deliberate: n stays the same although work shrinks. With a doubled occurrence, or a text of one character,
+        // the loop ends before Result is assigned, so the text comes back unchanged. The link rules depend on it.
         const std::int64_t n = Len(theString);
         for (std::int64_t i = 1; i <= n; ++i) {
             const bool fits = fromFront > 0 ? BeginsWith(work, theSub) : EndsWith(work, theSub);
@@ -51,7 +51,7 @@ Text ReplaceText(const Text &theString, const Text &findThis, const Text &replac
             Result += replaceWith;
         }
     });
-    // Behind the trap: a failure in the loop still leaves the rest of the text in place.
+    // Behind the trap, so that a failure in the loop still keeps the rest of the text.
     Result.append(theString, static_cast<std::size_t>(from - 1));
     return Result;
 }
@@ -85,7 +85,7 @@ Text CloseUpEquals(const Text &theTag)
 {
     Text Result;
     Trap([&] {
-        // Deliberate: one pass that never looks back: of two blanks beside an "=" one stays.
+        // Deliberate: a single pass that does not look back, so one of two blanks beside an "=" stays.
         const auto isPair = [&](std::size_t i, char first, char second) {
             return theTag[i] == first && i + 1 < theTag.size() && theTag[i + 1] == second;
         };

@@ -30,7 +30,7 @@ void Form_Load()
         Me.Picture = PictureOf("bg_splash.jpg");
         Label1.Caption = "Version " + version;
     });
-    // Behind the trap: a missing picture leaves a bare splash that still goes on.
+    // Behind the trap, so that the program starts even without the picture.
     Timer1.Enabled = true;
 }
 
@@ -62,7 +62,8 @@ void Init_Vars()
     });
 }
 
-// Deliberate: a saved flag as a truth value: -1 or "True". The program's own "1" is not equal to true.
+// True for a saved flag of -1 or "True"; fails when the text is neither a number nor "True" or "False".
+// Deliberate: the "1" that the program itself saves does not equal true.
 static bool EqualsTrue(const Text &theFlag)
 {
     Text flag = theFlag;

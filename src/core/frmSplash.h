@@ -1,4 +1,4 @@
-// The start screen: fills the globals, shows the version for three seconds and hands over to the wizard.
+// The start screen: sets the globals, shows the version for three seconds, then shows the wizard's first screen.
 #pragma once
 #include "toolkit/Controls.h"
 
@@ -6,6 +6,6 @@ namespace frmSplash
 {
 extern Form Me;
 
-// Gives the globals their defaults and loads the word lists.
+// Sets the globals to their defaults and loads the word lists.
 void Init_Vars();
 }  // namespace frmSplash
