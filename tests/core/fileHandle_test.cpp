@@ -1,6 +1,5 @@
-// The file and directory services, byte by byte.
+// The file services, byte by byte.
 #include "TestSite.h"
-#include "core/DirHandle.h"
 #include "core/FileHandle.h"
 #include "core/TextOps.h"
 #include "core/frmLists.h"
@@ -37,14 +36,14 @@ TEST_F(FileServices, MarkedValuesEndAtTheirMarker)
 
 TEST_F(FileServices, VariablesAreReadAndJoined)
 {
-    // Without a CR behind it: the last L - r + 3 characters, r where the last bars stand.
+    // Without a CR the value begins three characters too early, counted from the end.
     for (const auto &[content, value] : Pairs{{"|||Var|||1\r\n", "1"}, {"|||v|||1\r\n|||VAR|||2\r\n", "2"},
              {"|||var|||x|||b|||y\r\n", "x|||b|||y"}, {"|||var|||x\ny\r", "x\ny"}, {"|||variable|||1\r\n", ""},
              {"|||Var|||val", "ar|||val"}, {"|||var|||5\n|||b|||678", "|b|||678"}}) {
         PutAt(program / "variables.sav", content);
         EXPECT_EQ(LoadVariable("vaR", 0), value) << content;
     }
-    // The last but one: the two characters to drop aren't there, a failure, so nothing is written.
+    // In the last row but one, dropping two characters fails, so nothing is written.
     for (const auto &[before, after] : Pairs{{"|||A|||0\r\n", "|||A|||1\r\n"}, {"|||a|||longer\r\n", "|||A|||1\r\n"},
              {"|||B|||2\r\n|||A|||0\r\n", "|||B|||2\r\n|||A|||1\r\n"}, {"|||B|||2\r\n", "|||B|||2\r\n|||A|||1\r\n"},
              {"|||A|||0\r\n|||B|||2\r\n", "|||A|||1|||B|||2\r\n"}, {"|||A|||0", "|||A|||1|||A|||0\r\n"},
@@ -68,12 +67,12 @@ TEST_F(FileServices, ListsAreLoadedAndSaved)
         EXPECT_EQ(list.Rows(), rows) << content;
     }
     list.AddItem("by hand");
-    EXPECT_EQ(LoadListFromFile("lst", "w", list) + list.ListCount(), 2) << "filled anew";
+    EXPECT_EQ(LoadListFromFile("lst", "w", list) + list.ListCount(), 2) << "a list changed by hand is filled again";
     Text many;
     for (int i = 0; i < 30005; ++i)
         many += std::to_string(i) + CRLF;
     PutAt(program / "w.lst", many);
-    EXPECT_EQ(LoadListFromFile("lst", "w", list), 30001) << "a change of the file is seen, and a limit kept";
+    EXPECT_EQ(LoadListFromFile("lst", "w", list), 30001) << "a changed file is read again, up to the limit of rows";
     fs::remove(program / "w.lst");
     EXPECT_EQ(LoadListFromFile("lst", "w", list) + list.ListCount(), 0);
     EXPECT_EQ(SaveListToFile("lst", "0001_store\\empty", list), "");
@@ -90,7 +89,7 @@ TEST_F(FileServices, LinesAreAppended)
         EXPECT_EQ(AppendLineToFile("a.sav", Paths::ProgramDir(), "b"), 0);
         EXPECT_EQ(Now("a.sav"), after) << before;
     }
-    EXPECT_EQ(AppendLineToFile("0001", Paths::ProgramDir(), "b"), 0) << "a failure is silent";
+    EXPECT_EQ(AppendLineToFile("0001", Paths::ProgramDir(), "b"), 0) << "a failure shows no message";
 }
 
 TEST_F(FileServices, FilesAreCopied)
@@ -100,41 +99,13 @@ TEST_F(FileServices, FilesAreCopied)
     EXPECT_EQ(CopyFile("x:\\gone.htm", InStoreDir("a.htm")) + CopyFile("x:\\", InStoreDir("a.htm")), 2);
     PutAt(program / "0001" / "B.htm", "longer than the new one");
     EXPECT_EQ(CopyFile("X:\\A.HTM", InStoreDir("d\\b.htm")) + CopyFile("x:\\a.htm", InProgramDir("0001\\b.HTM")), 0);
-    EXPECT_TRUE(front.Boxes.empty() && BrokenLinksTally == 7 && !frmProcess::Me.Loaded) << "the label isn't touched";
+    EXPECT_TRUE(front.Boxes.empty() && BrokenLinksTally == 7 && !frmProcess::Me.Loaded) << "the label does not change";
     EXPECT_EQ(Now("0001_store/d/b.htm") + OnDisk("0001/B.htm") + OnDisk("0001/b.HTM"), "newnew(none)");
     for (const Text &target : {InStoreDir("readme"), InStoreDir("d"), InProgramDir("domains.lst"), Text("q:\\b.htm")}) {
         EXPECT_EQ(CopyFile("x:\\a.htm", target), 1) << target;
         EXPECT_EQ(front.Boxes.back(),
             "Unable to copy file:\r\nx:\\a.htm\r\nto file:\r\n" + target + "\r\n\r\nCopyFile.FileHandle\r\n");
     }
-    EXPECT_TRUE(front.Boxes.size() == 4 && fs::is_directory(program / "0001_store/readme")) << "without a dot";
-}
-
-TEST_F(FileServices, PlacesAreMadeAndTested)
-{
-    const auto there = [&](const char *theDir) { return fs::exists(program / theDir); };
-    for (const char *path : {"0001\\a\\b\\c.htm", "0001\\A\\B", "0001\\v1.0\\c\\", "0001\\v2.0", "0002_store\\"})
-        EXPECT_TRUE(CreateDirectories(InProgramDir(path)) && CreateDirectories("q:\\a\\")) << path;
-    EXPECT_TRUE(there("0001/a/b") && there("0001/v1.0/c") && there("0002_store"));
-    EXPECT_FALSE(there("0001/a/b/c.htm") || there("0001/A") || there("0001/v2.0")) << "a dot makes it a file's name";
-    Put("a/b.htm");
-    Put(".hidden");
-    for (const char *dir : {"x:\\", "x:\\a", "x:\\a\\", "X:\\A\\", "x:\\a\\.."})
-        EXPECT_TRUE(ifDirExists(dir) && !ifFileExists(dir)) << dir;
-    for (const char *file : {"x:\\a\\b.htm", "X:\\A\\B.HTM", "x:\\a\\*.h?m"})
-        EXPECT_TRUE(ifFileExists(file) && !ifDirExists(file)) << file;
-    for (const char *none : {"x:\\gone\\", "q:\\a\\", "x:\\.hidden", "x:\\a\\*.txt", "x:\\*\\b.htm"})
-        EXPECT_FALSE(ifDirExists(none) || ifFileExists(none)) << none;
-    for (const char *drive : {"x", "X", "x:\\", "x:\\whatever"})
-        EXPECT_TRUE(ifDriveExists(drive)) << drive;
-    for (const char *drive : {"", "x:", "x:a", "x\\", "xy\\", "q", "q:\\", "\\"})
-        EXPECT_FALSE(ifDriveExists(drive)) << drive;
-    EXPECT_TRUE(front.Boxes.empty() && CreateDirectories("a\\b"));
-    DebugWhere = "top of here";
-    EXPECT_FALSE(ifDirExists("a\\b"));
-    EXPECT_EQ(front.Boxes,
-        (Rows{"You must include the drive for which you'd like to create your directory(s)\r\nexample:  C:\\a\\b",
-            "ifDirExists() function must receive its parameter in the form of \"c:\\123\\456\\\"\r\n\r\n"
-            "Your directory parameter was in this form:  \"a\\b\"",
-            "top of here"}));
+    EXPECT_TRUE(front.Boxes.size() == 4 && fs::is_directory(program / "0001_store/readme"))
+        << "a name without a dot counts as a directory";
 }

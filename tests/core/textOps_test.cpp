@@ -22,7 +22,7 @@ TEST(TextOps, PartsAreCutAndFoundAtTheirEdges)
     EXPECT_TRUE(FindLastText("a\\b\\c", "\\") == 4 && FindLastText("aaa", "aa") == 2 && FindLastText(abc, "B") == 0);
     EXPECT_TRUE(FindLastText("abcabc", abc, 6, false) == 4 && FindLastText(twice, abc, 99, false) == 1);
     EXPECT_TRUE(FindLastText("abcabc", abc, 5, false) == 1 && FindLastText(twice, abc, 99, true) == 4)
-        << "where it ends";
+        << "the start position limits where the occurrence ends";
     EXPECT_TRUE(LowerText("AZ@[\xc4") == "az@[\xc4" && !EqualsIgnoringCase("[", "{") && !EqualsIgnoringCase("a", "ab"));
     const std::vector<std::pair<Text, double>> numbers = {{"  12 apples", 12}, {"-3.5x", -3.5}, {"+7", 7}, {".5", 0.5},
         {"5.", 5}, {"1.2.3", 1.2}, {"1e5", 1}, {"1,000", 1}, {"0x10", 0}, {"", 0}, {".", 0}, {"- 3", 0}, {"--3", 0},

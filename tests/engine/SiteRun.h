@@ -1,4 +1,4 @@
-// A site of a few files and a run over it, without the wizard.
+// Sites of a few files, and runs over them without the wizard.
 #pragma once
 #include "TestSite.h"
 #include "core/TextOps.h"
@@ -17,9 +17,9 @@ struct SiteRun : TestSite {
         frmLists::lstMediaExtensions.SetRows({"jpg", "gif"});
         frmLists::lstMediaFilesCnt.SetRows({"0", "0"});
         frmLists::lstMediaLinksCnt.SetRows({"0", "0"});
-        KeywordsPerFilename = 0;  // new names of six digits alone
+        KeywordsPerFilename = 0;  // new names contain only six digits
     }
-    // Puts the page in hand: theDir is the directory it lies in.
+    // Makes thePage the current page, as if it were in the directory theDir.
     static void TakePage(const Text &theDir, const Text &thePage = "")
     {
         frmProcess::Dir1.Path = theDir;
@@ -27,18 +27,18 @@ struct SiteRun : TestSite {
         frmLists::RichTextBox1.Text = thePage;
         frmLists::RichTextBox2.Text = LowerText(thePage);
     }
-    // Runs the whole site, from the first tick to the report.
+    // Runs the whole expansion, from the first tick to the report.
     void RunSite()
     {
         frmProcess::Me.Show();
         TimerTick(The<Timer>(frmProcess::Me, "Timer1"));
     }
-    // A file of the new site with all new numbers made equal.
+    // The content of a file of the new site, with "NEW" in place of every new number and its keywords.
     Text NewPage(const Text &theFile) const
     {
         return std::regex_replace(OnDisk("0001/" + theFile), std::regex("[0-9]{6}(-[a-z]+)*"), "NEW");
     }
-    // The files of a directory of the new site, new numbers made equal, one after the other.
+    // The names of the files in a directory of the new site, sorted, with "NEW" in place of every new number.
     Text NewFiles(const Text &theDir) const
     {
         PendingWrites::Flush();
@@ -51,5 +51,15 @@ struct SiteRun : TestSite {
         for (const Text &name : names)
             Result += (Result.empty() ? "" : " ") + name;
         return Result;
+    }
+};
+
+// A site with directories, for the rules about links.
+struct LinkSite : SiteRun {
+    LinkSite()
+    {
+        for (const char *file : {"web/index.htm", "web/page.htm", "web/a/index.htm", "web/a/page.htm", "web/a/b/x.htm"})
+            Put(file);
+        LocalSiteDir = "x:\\web\\";
     }
 };

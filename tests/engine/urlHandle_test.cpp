@@ -1,28 +1,21 @@
-// How a link is read, rebased, told apart and resolved, as tables.
+// How a link is read, rebased, classified and resolved, as tables.
 #include "SiteRun.h"
-#include "core/FileHandle.h"
 #include "core/Utils.h"
 #include "engine/URLHandle.h"
 #include "engine/temp.h"
 
+using Links = LinkSite;
+
 namespace
 {
-struct Links : SiteRun {
-    Links()
-    {
-        for (const char *file : {"web/index.htm", "web/page.htm", "web/a/index.htm", "web/a/page.htm", "web/a/b/x.htm"})
-            Put(file);
-        LocalSiteDir = "x:\\web\\";
-    }
-};
 struct Outcome {
-    Text Page, Link, Rebased;  // "-" where it isn't rebased
+    Text Page, Link, Rebased;  // Rebased is "-" for a link that is not rebased
     int Kind;
-    Text SubDir, File;  // File "!" for broken
+    Text SubDir, File;  // File is "!" for a broken link
 };
 }  // namespace
 
-TEST_F(Links, FareAsTheirRulesSay)
+TEST_F(Links, AreRebasedClassifiedAndResolved)
 {
     const Text root = "x:\\web", deep = "x:\\web\\a\\b";
     const std::vector<Outcome> outcomes = {
@@ -106,70 +99,4 @@ TEST_F(Links, ValuesAreReadByPosition)
     TakePage("x:\\web", "<a href=toTheEnd");
     EXPECT_THROW(GetLinkAtPos(4), ProgramEnd);
     EXPECT_TRUE(BeginsWith(front.Asked, "GetLinkAtPos"));
-}
-
-TEST_F(Links, NewNamesTakeThePlaceOfTheFile)
-{
-    DomainName = "Site.Test";
-    const std::vector<std::pair<Text, Text>> tags = {
-        {"<a href=\"a/page.htm\">", "<a href=\"a/NEW.htm\">"},
-        {"<a href=\"page.htm?x=1\">", "<a href=\"NEW.htm?x=1\">"},
-        {"<a href=\"PAGE.HTM#top\" title=\"a\\b\">", "<a href=\"NEW.htm#top\" title=\"a\\b\">"},
-        {"<a href=\"/page.htm\" title=\"a\\b\">", "<a href=\"/NEW.htm\" title=\"a/b\">"},
-        {"<a href=\"a/\">", ""},
-        {"<a href=\"site.test\">", ""},
-        {"<a href=\"a/?a=1&b=12345\">", "<a href=\"a/NEW.htm2345\">"},
-        {"<a href=\"other\">", ""},
-    };
-    for (const auto &[before, after] : tags)
-        EXPECT_EQ(InsertFilenameIntoLink("page.htm", "NEW.htm", before), after) << before;
-    EXPECT_EQ(front.Boxes.size(), 1u) << "only the last row is told of";
-}
-
-TEST_F(Links, NamesAreMadeOfNumberWordsAndExtension)
-{
-    frmLists::lstKeywords.SetRows({"rate", "rates", "Low Rate", "fern"});
-    KeywordsPerFilename = 2;
-    for (int i = 0; i < 200; ++i) {
-        const Text name = MakeKeywordedFileName("a.b.html");
-        EXPECT_TRUE(std::regex_match(name, std::regex("[0-9]{6}(-(rate|rates|Low Rate|fern)){2}\\.html"))) << name;
-        EXPECT_FALSE(Contains(name, "rates-rate") || Contains(name, "Low Rate-rate.")) << name;
-    }
-    EXPECT_TRUE(std::regex_match(MakeKeywordedFileName("readme"), std::regex("[0-9]{6}(-[A-Za-z ]+){2}readme")));
-    KeywordsPerFilename = 9;
-    frmLists::lstKeywords.SetRows({"one", "two", "three", "four", "five"});
-    MakeKeywordedFileName("a.htm");
-    EXPECT_EQ(KeywordsPerFilename, 5) << "lowered for good by the short name";
-    frmLists::lstKeywords.SetRows({"one", "two", "one"});
-    EXPECT_THROW(MakeKeywordedFileName("a.htm"), ProgramEnd);
-    EXPECT_TRUE(BeginsWith(front.Asked, "MakeKeywordedFileName"));
-
-    PutAt(program / "dictionary.lst", "fern\r\nmoss\r\nOne\r\n");
-    UsingQuillmark = true;
-    KeywordsPerFilename = 2;
-    frmLists::lstKeywords.SetRows({"FERN", "one"});
-    const Text name = MakeKeywordedFileName("page.htm");
-    EXPECT_TRUE(Contains(name, "-moss") && Contains(name, "-One") && !Contains(name, "fern"))
-        << "the word itself isn't lowered";
-}
-
-TEST_F(Links, CopiesStayInTheSiteAndTheProject)
-{
-    Put("secret.htm", "outside");
-    Put("web/secret.htm", "inside");
-    TakePage("x:\\web");
-    EXPECT_EQ(CreateNewlyKeywordedFile("http://site.test/../secret.htm", "1.htm", "secret.htm"), 1);
-    EXPECT_EQ(BrokenLinksTally, 1);
-    EXPECT_EQ(CreateNewlyKeywordedFile("secret.htm", "../../stolen.htm", "secret.htm"), 1);
-    EXPECT_EQ(CreateNewlyKeywordedFile("site.test/a/page.htm", "1.htm", "page.htm"), 0);
-    PendingWrites::Flush();
-    EXPECT_EQ(OnDisk("0001/a/1.htm"), "<html>");
-    EXPECT_EQ(OnDisk("stolen.htm") + OnDisk("0001/1.htm"), "(none)(none)");
-
-    FileNameNumber = "000001";
-    PutAt(program / "0001" / "000001.htm", "taken");
-    EXPECT_EQ(CreateNewlyKeywordedFile("page.htm", "000001.htm", "page.htm"), 0) << "another number is drawn";
-    EXPECT_EQ(OnDisk("0001/000001.htm"), "taken");
-    EXPECT_EQ(NewFiles(""), "NEW.htm NEW.htm");
-    EXPECT_EQ(NewNumberInFileName("no number"), "");
 }

@@ -5,7 +5,7 @@
 using Rows = std::vector<Text>;
 
 struct Splash : TestSite {
-    // Starts, lets three seconds pass and tells which screen is showing then.
+    // Starts the program, lets three seconds pass and returns the name of the screen that is showing then.
     Text Start(const Text &theShowWelcome)
     {
         PutAt(program / "variables.sav", "|||ShowWelcome|||" + theShowWelcome + CRLF);
@@ -27,12 +27,14 @@ TEST_F(Splash, FillsTheGlobalsAndLists)
     HelpBoxOpen = UsingQuillmark = ReportFinished = DevMode = true;
     HelpBoxClosed = ExitConfirmNeeded = false;
     PutAt(program / "MediaExtensions.lst", "jpg\r\n---\r\ngif");
-    EXPECT_EQ(The<Label>(frmSplash::Me, "Label1").Caption, "Version 1.0.7B") << "a touch starts it all";
+    EXPECT_EQ(The<Label>(frmSplash::Me, "Label1").Caption, "Version 1.0.7B")
+        << "the first use of a control loads the screen";
     EXPECT_EQ(AppTitle + ProjectNumber, "Ferncastleof before");
     EXPECT_FALSE(HelpBoxOpen || UsingQuillmark || ReportFinished || DevMode);
     EXPECT_TRUE(HelpBoxClosed && ExitConfirmNeeded && FormWidth == 600 && FormHeight == 435);
-    EXPECT_EQ(frmLists::ListLinkTrash.ListCount(), 0) << "a missing list is an empty one";
-    EXPECT_EQ(frmLists::lstMediaExtensions.Rows(), (Rows{"jpg", "---"})) << "a last row needs its line end";
+    EXPECT_EQ(frmLists::ListLinkTrash.ListCount(), 0) << "a missing file gives an empty list";
+    EXPECT_EQ(frmLists::lstMediaExtensions.Rows(), (Rows{"jpg", "---"}))
+        << "a last row without a line end does not count";
     EXPECT_EQ(frmLists::lstMediaLinksCnt.Rows(), (Rows{"0", "0"}));
     EXPECT_EQ(frmLists::lstMediaFilesCnt.Rows(), (Rows{"0", "0"}));
 }
@@ -46,6 +48,6 @@ TEST_F(Splash, ShowWelcomeIsReadAsAFlag)
         for (const Text &value : values)
             EXPECT_EQ(Start(value), screen) << "\"" << value << "\"";
     std::filesystem::remove(program / "imgs" / "bg_splash.jpg");
-    EXPECT_EQ(Start("1"), "frmMenu") << "without its picture too";
+    EXPECT_EQ(Start("1"), "frmMenu") << "even without its picture";
     EXPECT_TRUE(front.Boxes.empty() && front.Failures.empty());
 }
