@@ -7,8 +7,7 @@
 
 namespace frmGeneratingReport
 {
-void Form_Load(), Timer1_Timer(), btnCloseHelp_Click();
-void hlpLinksExt_Click(), hlpLinksBrk_Click(), hlpMedia_Click(), hlpStatGen_Click(), hlpRouteNav_Click();
+void Form_Load(), Timer1_Timer();
 
 // A row of the list of steps: its tick, its caption, its help spot.
 static Face TickAt(double theTop, const Text &AccessibleName)
@@ -18,10 +17,6 @@ static Face TickAt(double theTop, const Text &AccessibleName)
 static Face CaptionAt(double theTop, const Text &theCaption)
 {
     return {.At = {102, theTop + 7, 300, 20}, .Caption = theCaption};
-}
-static Face HelpAt(double theTop, const Text &AccessibleName, Handler theClick)
-{
-    return {.At = {412, theTop + 5, 22, 22}, .AccessibleName = AccessibleName, .As = Role::Help, .Click = theClick};
 }
 
 Form Me{"frmGeneratingReport", {.Load = Form_Load}};
@@ -34,24 +29,40 @@ Label lblDesc{Me, "lblDesc", {.At = {24, 80, 552, 54}}};
 
 Image chkboxLinksExt{Me, "chkboxLinksExt", TickAt(140, "Step 1")};
 Label lblLinksExt{Me, "lblLinksExt", CaptionAt(140, "External Links Report")};
-Image hlpLinksExt{Me, "hlpLinksExt", HelpAt(140, "Help: External Links", hlpLinksExt_Click)};
+// Deliberate: "awayfrom" and the entity are part of the text.
+HelpTopic hlpLinksExt{Me, "hlpLinksExt", {412, 145}, "External Links",
+    "Any external links will take your visitor awayfrom your site and whisk them away to somewhere else on the "
+    "internet.  From a sales standpoint, this is a bad idea.&nbsp; From search engines' points of view, your page rank "
+    "for any page containing external links will decrease.&nbsp; It's a good idea to keep external links to a "
+    "minimum."};
 Image chkboxLinksBrk{Me, "chkboxLinksBrk", TickAt(177, "Step 2")};
 Label lblLinksBrk{Me, "lblLinksBrk", CaptionAt(177, "Broken Links Report")};
-Image hlpLinksBrk{Me, "hlpLinksBrk", HelpAt(177, "Help: Broken Links", hlpLinksBrk_Click)};
+HelpTopic hlpLinksBrk{Me, "hlpLinksBrk", {412, 182}, "Broken Links",
+    "Broken links are ones that can't find the target location or file to which you are trying to link your visitor.  "
+    "Having no broken links on your site is imperative for producing and maintaining a positive visitor "
+    "experience.\r\n\r\nFerncastle's detailed report will show you exactly how many and where all of your broken links "
+    "are located."};
 Image chkboxMediaReport{Me, "chkboxMediaReport", TickAt(214, "Step 3")};
 Label lblMedia{Me, "lblMedia", CaptionAt(214, "Media Report")};
-Image hlpMedia{Me, "hlpMedia", HelpAt(214, "Help: Media Report", hlpMedia_Click)};
+HelpTopic hlpMedia{Me, "hlpMedia", {412, 219}, "Media Report",
+    "Ferncastle is compiling some basic details about the media content of your site.  It will list the number and "
+    "types of images, audio files, video files, etc."};
 Image chkboxStatGen{Me, "chkboxStatGen", TickAt(251, "Step 4")};
 Label lblStatGen{Me, "lblStatGen", CaptionAt(251, "Statistics Generation")};
-Image hlpStatGen{Me, "hlpStatGen", HelpAt(251, "Help: Statistics", hlpStatGen_Click)};
+HelpTopic hlpStatGen{Me, "hlpStatGen", {412, 256}, "Statistics",
+    "This software will report to you a broad range of useful information regarding the expansion and overall "
+    "enhancement of your website.  Details include a comprehensive media file report; internal, external, and broken "
+    "links; a tally of pages added to your site; how many keywords were added to your site; and more."};
 Image chkboxRouteNav{Me, "chkboxRouteNav", TickAt(288, "Step 5")};
 Label lblRouteNav{Me, "lblRouteNav", CaptionAt(288, "Routing Navigation")};
-Image hlpRouteNav{Me, "hlpRouteNav", HelpAt(288, "Help: Route Navigation", hlpRouteNav_Click)};
+HelpTopic hlpRouteNav{Me, "hlpRouteNav", {412, 293}, "Route Navigation",
+    "This final step insures that your site's images will be viewable and that the navigation system is intact and "
+    "functioning properly."};
 
 Frame Frame1{Me, "Frame1", {.At = {Twips(840), Twips(4920), Twips(6375), Twips(495)}}};
 Shape Shape1{Frame1, "Shape1", {.At = {Twips(30), Twips(120), Twips(615), Twips(330)}}};
 Timer Timer1{Me, "Timer1", {.Interval = 100, .Enabled = false, .Tick = Timer1_Timer}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 
 void Form_Load()
 {
@@ -100,64 +111,5 @@ void Timer1_Timer()
         ShowMeter(Frame1, Shape1);
         DoEvents();
     });
-}
-
-void hlpLinksExt_Click()
-{
-    Trap([] {
-        // Deliberate: "awayfrom" and the entity are part of the text.
-        ShowHelpBox(Me, "External Links",
-            "Any external links will take your visitor awayfrom your site and whisk them away to somewhere "
-            "else on the internet.  From a sales standpoint, this is a bad idea.&nbsp; From search engines' "
-            "points of view, your page rank for any page containing external links will decrease.&nbsp; It's "
-            "a good idea to keep external links to a minimum.");
-    });
-}
-
-void hlpLinksBrk_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Broken Links",
-            Text("Broken links are ones that can't find the target location or file to which you are trying "
-                 "to link your visitor.  Having no broken links on your site is imperative for producing and "
-                 "maintaining a positive visitor experience.") +
-                CRLF + CRLF +
-                "Ferncastle's detailed report will show you exactly how many and where all of your broken "
-                "links are located.");
-    });
-}
-
-void hlpMedia_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Media Report",
-            "Ferncastle is compiling some basic details about the media content of your site.  It will list "
-            "the number and types of images, audio files, video files, etc.");
-    });
-}
-
-void hlpStatGen_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Statistics",
-            "This software will report to you a broad range of useful information regarding the expansion and "
-            "overall enhancement of your website.  Details include a comprehensive media file report; "
-            "internal, external, and broken links; a tally of pages added to your site; how many keywords were "
-            "added to your site; and more.");
-    });
-}
-
-void hlpRouteNav_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Route Navigation",
-            "This final step insures that your site's images will be viewable and that the navigation system "
-            "is intact and functioning properly.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmGeneratingReport

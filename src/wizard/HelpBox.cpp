@@ -5,6 +5,21 @@
 static constexpr double normalWidth = 600;
 static constexpr double frameWidth = 160;
 
+HelpTopic::HelpTopic(Form &theForm, const char *theName, Spot theSpot, Text theHeading, Text theText)
+    : Image(theForm, theName,
+          {.At = {theSpot.Left, theSpot.Top, 22, 22},
+              .AccessibleName = "Help: " + theHeading,
+              .As = Role::Help,
+              .Click = [this] { ShowHelpBox(Owner, Heading, TopicText); }}),
+      Heading(std::move(theHeading)), TopicText(std::move(theText))
+{
+}
+
+HelpFrame::HelpFrame(Form &theForm, Text theRestingHeading)
+    : HelpFrame(theForm, [&theForm, heading = std::move(theRestingHeading)] { CloseHelpBox(theForm, heading); })
+{
+}
+
 HelpFrame::HelpFrame(Form &theForm, Handler btnCloseHelp_Click)
     : bg_help(theForm, "bg_help", {.At = {normalWidth, 0, frameWidth, 435}}),
       textHBHeading(theForm, "textHBHeading",

@@ -2,8 +2,19 @@
 #pragma once
 #include "toolkit/Controls.h"
 
+// A help spot and the topic that a click on it shows. The screen's load gives it its picture.
+struct HelpTopic : Image {
+    struct Spot {
+        double Left = 0, Top = 0;
+    };
+    HelpTopic(Form &theForm, const char *theName, Spot theSpot, Text theHeading, Text theText);
+    const Text Heading, TopicText;
+};
+
 // The help frame of a screen, just right of its normal width: widening the screen brings it into view.
+// theRestingHeading stays on it while it is closed.
 struct HelpFrame {
+    explicit HelpFrame(Form &theForm, Text theRestingHeading = "");
     HelpFrame(Form &theForm, Handler btnCloseHelp_Click);
     Image bg_help;
     Label textHBHeading, textHBText;

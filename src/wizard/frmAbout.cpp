@@ -7,17 +7,20 @@
 
 namespace frmAbout
 {
-void Form_Load(), btnDone_Click(), hlpTitle_Click(), btnCloseHelp_Click();
+void Form_Load(), btnDone_Click();
 
 Form Me{"frmAbout", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "About", .Style = TextStyle::Title}};
 Image imgLogo{Me, "imgLogo", {.At = {24, 96, 176, 176}, .AccessibleName = "Ferncastle"}};
 Label lblDetails{Me, "lblDetails", {.At = {224, 100, 318, 180}}};
-Image hlpTitle{Me, "hlpTitle",
-    {.At = {224, 258, 22, 22}, .AccessibleName = "Help: About", .As = Role::Help, .Click = hlpTitle_Click}};
+HelpTopic hlpTitle{Me, "hlpTitle", {224, 258}, "About",
+    "Ferncastle software is dedicated to producing amazing results for your personal website or online business with "
+    "regards to garnering tremendous attention from and ranking through the world's leading search engines.  It makes "
+    "a bigger copy of your site, in which nearly every internal link leads to a page of its own, with words in its "
+    "file name.  Your own files are never changed.  Click Done to go back to where you were."};
 Image btnDone{
     Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, {.ReportingErrors = optHelp_ReportingErrors_Click}};
 
 void Form_Load()
@@ -43,22 +46,5 @@ void Form_Load()
 void btnDone_Click()
 {
     Trap([] { Me.Unload(); });
-}
-
-void hlpTitle_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "About",
-            "Ferncastle software is dedicated to producing amazing results for your personal website or "
-            "online business with regards to garnering tremendous attention from and ranking through the "
-            "world's leading search engines.  It makes a bigger copy of your site, in which nearly every "
-            "internal link leads to a page of its own, with words in its file name.  Your own files are never "
-            "changed.  Click Done to go back to where you were.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmAbout

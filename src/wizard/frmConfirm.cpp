@@ -10,7 +10,7 @@
 
 namespace frmConfirm
 {
-void Form_Load(), btnBack_Click(), btnExpand_Click(), btnCloseHelp_Click();
+void Form_Load(), btnBack_Click(), btnExpand_Click();
 
 Form Me{"frmConfirm", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Confirm your information", .Style = TextStyle::Title}};
@@ -30,7 +30,7 @@ Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 Image btnExpand{Me, "btnExpand",
     {.At = {388, 371, 188, 36}, .AccessibleName = "Expand my site", .As = Role::Primary, .Click = btnExpand_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
 void Form_Load()
@@ -64,10 +64,5 @@ void btnExpand_Click()
         frmDoItAlready::Me.Show();
         Me.Unload();
     });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmConfirm

@@ -14,7 +14,7 @@
 
 namespace frmCreate
 {
-void Form_Load(), hlpProjName_Click(), hlpDomainName_Click(), btnBack_Click(), btnNext_Click(), btnCloseHelp_Click();
+void Form_Load(), btnBack_Click(), btnNext_Click();
 
 Form Me{"frmCreate", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Create a New Project", .Style = TextStyle::Title}};
@@ -22,8 +22,11 @@ Label Label2{Me, "Label2", {.At = {24, 62, 400, 22}, .Caption = "Name your proje
 TextBox txtProjName{Me, "txtProjName", {.At = {24, 88, 300, 26}, .AccessibleName = "Name your project"}};
 Label Label4{Me, "Label4",
     {.At = {364, 92, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = TextStyle::Dim}};
-Image hlpProjName{Me, "hlpProjName",
-    {.At = {332, 90, 22, 22}, .AccessibleName = "Help: Project Name", .As = Role::Help, .Click = hlpProjName_Click}};
+HelpTopic hlpProjName{Me, "hlpProjName", {332, 90}, "Project Name",
+    "You can name your project session anything you'd like.  The name is there for you: it's what you'll look for in "
+    "the list when you load the project again, and it has no effect on your pages.  I recommend using your domain "
+    "name.  If you use a name a second time nothing is overwritten; you simply get another project of that name with a "
+    "number of its own."};
 Label Label3{Me, "Label3",
     {.At = {24, 122, 522, 58},
         .Caption = "Create a name for your new project so it can be saved.  You can later come back, modify your "
@@ -33,8 +36,11 @@ Label Label5{
 TextBox txtDomainName{Me, "txtDomainName", {.At = {24, 232, 300, 26}, .AccessibleName = "Your site's domain name"}};
 Label Label6{Me, "Label6",
     {.At = {364, 236, 212, 20}, .Caption = "(Example: " + CleanDomain(SupportSite) + ")", .Style = TextStyle::Dim}};
-Image hlpDomainName{Me, "hlpDomainName",
-    {.At = {332, 234, 22, 22}, .AccessibleName = "Help: Domain Name", .As = Role::Help, .Click = hlpDomainName_Click}};
+HelpTopic hlpDomainName{Me, "hlpDomainName", {332, 234}, "Domain Name",
+    "This is a straightforward step.  Enter the domain name that your site has on the internet, in small letters.  You "
+    "can leave out http:// and www. since I take them off anyway, along with any slash at the end.  Leave out https:// "
+    "too: that one I don't take off.  I use your domain to tell the links that stay within your site from those that "
+    "lead to somewhere else, so please make sure it's spelled correctly."};
 Label Label7{Me, "Label7",
     {.At = {24, 266, 522, 58},
         .Caption = "You must enter the domain name that refers to the site you are about to expand.  This is the "
@@ -43,7 +49,7 @@ Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 // Deliberate: they stand in the help frame's corners with neither a picture nor a handler.
 Image btnHelpMore{Me, "btnHelpMore", {.At = {606, 378, 22, 22}}};
 Image btnHelpLess{Me, "btnHelpLess", {.At = {732, 378, 22, 22}}};
@@ -118,33 +124,5 @@ void btnBack_Click()
         frmLoadCreate::Me.Show();
         Me.Unload();
     });
-}
-
-void hlpProjName_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Project Name",
-            "You can name your project session anything you'd like.  The name is there for you: it's what "
-            "you'll look for in the list when you load the project again, and it has no effect on your pages.  "
-            "I recommend using your domain name.  If you use a name a second time nothing is overwritten; you "
-            "simply get another project of that name with a number of its own.");
-    });
-}
-
-void hlpDomainName_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Domain Name",
-            "This is a straightforward step.  Enter the domain name that your site has on the internet, in "
-            "small letters.  You can leave out http:// and www. since I take them off anyway, along with any "
-            "slash at the end.  Leave out https:// too: that one I don't take off.  I use your domain to tell the "
-            "links that stay within your site from those that "
-            "lead to somewhere else, so please make sure it's spelled correctly.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmCreate

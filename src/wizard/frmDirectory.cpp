@@ -17,8 +17,7 @@
 
 namespace frmDirectory
 {
-void Form_Load(), Drive1_Change(), hlpTitle_Click(), hlpDomain_Click(), btnBack_Click(), btnNext_Click(),
-    btnCloseHelp_Click();
+void Form_Load(), Drive1_Change(), btnBack_Click(), btnNext_Click();
 
 Form Me{"frmDirectory", {.Load = Form_Load}};
 Label Label1{
@@ -32,20 +31,26 @@ Label Label6{Me, "Label6",
                    "to expand.  "
                    "This site must be on your local computer.  Please choose the directory where your site files are "
                    "located."}};
-Image hlpTitle{Me, "hlpTitle",
-    {.At = {554, 62, 22, 22}, .AccessibleName = "Help: Choose Your Site", .As = Role::Help, .Click = hlpTitle_Click}};
+HelpTopic hlpTitle{Me, "hlpTitle", {554, 62}, "Choose Your Site",
+    "With the drive and folder controls at the far left, go to the folder on your own computer that holds the local "
+    "copy of your site.  Pick the drive first, then double-click folders until you've reached the one your home page "
+    "is in.  I take the folder that's highlighted, or the one you're in if none is.  Your files are only read from "
+    "there; the expanded site goes into a folder of its own beside the program."};
 Label Label3{
     Me, "Label3", {.At = {312, 222, 264, 20}, .Caption = "Example: C:\\My Web Sites\\Ferns", .Style = TextStyle::Dim}};
 Label Label2{Me, "Label2", {.At = {24, 288, 270, 22}, .Caption = "Your domain name:", .Style = TextStyle::SubTitle}};
 TextBox txtDomainName{Me, "txtDomainName",
     {.At = {24, 314, 270, 26}, .Caption = "yoursite.example", .AccessibleName = "Your domain name"}};
-Image hlpDomain{Me, "hlpDomain",
-    {.At = {312, 316, 22, 22}, .AccessibleName = "Help: Domain Name", .As = Role::Help, .Click = hlpDomain_Click}};
+HelpTopic hlpDomain{Me, "hlpDomain", {312, 316}, "Domain Name",
+    "You've already chosen your domain name when you created your project.  I show it here once more so you can check "
+    "it against the site you've picked, and change it if you need to.  As before, http:// and www. are taken off for "
+    "you, and so is any slash at the end; https:// is not.  If you leave the box empty, I keep the domain name that "
+    "you had before."};
 Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
 void Form_Load()
@@ -115,34 +120,5 @@ void btnBack_Click()
             frmLoadCreate::Me.Show();
         Me.Unload();
     });
-}
-
-void hlpTitle_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Choose Your Site",
-            "With the drive and folder controls at the far left, go to the folder on your own computer that "
-            "holds the local copy of your site.  Pick the drive first, then double-click folders until you've "
-            "reached the one your home page is in.  I take the folder that's highlighted, or the one you're in "
-            "if none is.  Your files are only read from there; the expanded site goes into a folder of its "
-            "own beside the program.");
-    });
-}
-
-void hlpDomain_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Domain Name",
-            "You've already chosen your domain name when you created your project.  I show it here once more "
-            "so you can check it against the site you've picked, and change it if you need to.  As before, "
-            "http:// and www. are taken off for you, and so is any slash at the end; https:// is not.  If you leave "
-            "the box "
-            "empty, I keep the domain name that you had before.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmDirectory

@@ -9,7 +9,7 @@
 
 namespace frmDoItAlready
 {
-void Form_Load(), btnBack_Click(), btnDoItAlready_Click(), btnCloseHelp_Click();
+void Form_Load(), btnBack_Click(), btnDoItAlready_Click();
 
 Form Me{"frmDoItAlready", {.Load = Form_Load}};
 Label Label1{
@@ -31,7 +31,7 @@ Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 // Deliberate: bears no picture and no topic: nothing is to be seen of it.
 Image btnHelp1{Me, "btnHelp1", {.At = {554, 60, 22, 22}}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
 void Form_Load()
@@ -68,10 +68,5 @@ void btnDoItAlready_Click()
         frmProcess::Me.Show();
         Me.Unload();
     });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmDoItAlready

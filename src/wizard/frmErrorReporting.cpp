@@ -8,19 +8,22 @@
 
 namespace frmErrorReporting
 {
-void Form_Load(), btnDone_Click(), hlpTitle_Click(), btnCloseHelp_Click();
+void Form_Load(), btnDone_Click();
+
+static const char *const sendItTo = "To report an error, please send any pertinent information to ";
 
 Form Me{"frmErrorReporting", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Reporting Errors", .Style = TextStyle::Title}};
 Label lblDetails{Me, "lblDetails", {.At = {24, 62, 350, 72}}};
-Image hlpTitle{Me, "hlpTitle",
-    {.At = {390, 60, 22, 22}, .AccessibleName = "Help: Error Reporting", .As = Role::Help, .Click = hlpTitle_Click}};
+HelpTopic hlpTitle{Me, "hlpTitle", {390, 60}, "Error Reporting",
+    Text(sendItTo) + SupportMail +
+        ".  Tell me which screen you were on, what you clicked and the exact words of any message you saw.  The "
+        "version number on the start screen helps too, and so does a page of your site on which the error shows.  I "
+        "read every report, and the more I know, the sooner I can find out what went wrong."};
 Image btnDone{
     Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, {.About = optHelp_About_Click}};
-
-static const char *const sendItTo = "To report an error, please send any pertinent information to ";
 
 void Form_Load()
 {
@@ -38,22 +41,5 @@ void Form_Load()
 void btnDone_Click()
 {
     Trap([] { Me.Unload(); });
-}
-
-void hlpTitle_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Error Reporting",
-            Text(sendItTo) + SupportMail +
-                ".  Tell me which screen you were on, what you clicked and the exact words of any message you "
-                "saw.  The version number on the start screen helps too, and so does a page of your site on "
-                "which the error shows.  I read every report, and the more I know, the sooner I can find out "
-                "what went wrong.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmErrorReporting

@@ -10,7 +10,6 @@ namespace frmFilters
 {
 void Form_Load(), btnAddFilter_Click(), btnRemoveFilter_Click(), btnClearList_Click(), btnResetList_Click(),
     btnDone_Click();
-void hlpAddFilter_Click(), hlpRemoveFilter_Click(), hlpClearList_Click(), hlpResetList_Click(), btnCloseHelp_Click();
 void Text1_KeyPress(int &KeyAscii);
 
 Form Me{"frmFilters", {.Load = Form_Load}};
@@ -20,36 +19,40 @@ Label Label3{Me, "Label3", {.At = {24, 60, 228, 18}, .Caption = "Enter a filter 
 TextBox Text1{Me, "Text1", {.At = {24, 85, 76, 26}, .AccessibleName = "Filter", .KeyPress = Text1_KeyPress}};
 Image btnAddFilter{
     Me, "btnAddFilter", {.At = {108, 82, 116, 32}, .AccessibleName = "Add Filter", .Click = btnAddFilter_Click}};
-Image hlpAddFilter{Me, "hlpAddFilter",
-    {.At = {230, 87, 22, 22}, .AccessibleName = "Help: Add a Filter", .As = Role::Help, .Click = hlpAddFilter_Click}};
+HelpTopic hlpAddFilter{Me, "hlpAddFilter", {230, 87}, "Add a Filter",
+    "Clicking the Add Filter button will add the filter you have entered into the filters list.  Type the last three "
+    "letters of the file extension without a dot, 'htm' or 'php' for example.  The button turns your letters into "
+    "lower case for you; the Enter key adds them just as you typed them.  A filter that is longer or shorter than "
+    "three letters will never match a file, so please check your typing."};
 Label Label2{Me, "Label2", {.At = {24, 130, 92, 20}, .Caption = "Filter List", .Style = TextStyle::SubTitle}};
 ListBox List1{Me, "List1", {.At = {24, 154, 92, 200}, .AccessibleName = "Filter List"}};
 Image btnRemoveFilter{
     Me, "btnRemoveFilter", {.At = {128, 154, 96, 32}, .AccessibleName = "Remove", .Click = btnRemoveFilter_Click}};
-Image hlpRemoveFilter{Me, "hlpRemoveFilter",
-    {.At = {230, 159, 22, 22},
-        .AccessibleName = "Help: Remove a Filter",
-        .As = Role::Help,
-        .Click = hlpRemoveFilter_Click}};
+HelpTopic hlpRemoveFilter{Me, "hlpRemoveFilter", {230, 159}, "Remove a Filter",
+    "Clicking the Remove button will remove the selected filter from your list.  First click on the filter in the "
+    "list, then on the button, and answer Yes when you are asked.  Files of that type will then be copied to your new "
+    "site as they are instead of being expanded.  If you remove one by mistake, just add it again.  Nothing is saved "
+    "until you click Done."};
 Image btnClearList{
     Me, "btnClearList", {.At = {128, 196, 92, 32}, .AccessibleName = "Clear", .Click = btnClearList_Click}};
-Image hlpClearList{Me, "hlpClearList",
-    {.At = {230, 201, 22, 22},
-        .AccessibleName = "Help: Clear the List",
-        .As = Role::Help,
-        .Click = hlpClearList_Click}};
+// Deliberate: promises more than the option keeps: only the one on the run's own screen is ever read.
+HelpTopic hlpClearList{Me, "hlpClearList", {230, 201}, "Clear the List",
+    "Clicking the Clear button will remove all the filters from your list.  Be careful with this one:  while filters "
+    "are turned on and the list is empty, none of your pages will be expanded.  If you would rather do without "
+    "filters, untick 'Use File Extension Filters' in the Options menu of any screen, and every file of your site will "
+    "be processed when you expand it.  The Reset button brings the default filters back."};
 Image btnResetList{
     Me, "btnResetList", {.At = {128, 238, 92, 32}, .AccessibleName = "Reset", .Click = btnResetList_Click}};
-Image hlpResetList{Me, "hlpResetList",
-    {.At = {230, 243, 22, 22},
-        .AccessibleName = "Help: Reset Filter List",
-        .As = Role::Help,
-        .Click = hlpResetList_Click}};
+HelpTopic hlpResetList{Me, "hlpResetList", {230, 243}, "Reset Filter List",
+    "Clicking the Reset button will reset the filter list to its default values.  These are 'htm' and 'tml', which let "
+    "every .htm and .html page pass.  Any filters you have added yourself will be gone, so you are asked first (in the "
+    "same words as for clearing the list).  If you ever feel unsure about your filters, this is the safe way back.  "
+    "Click Done to save the result."};
 Label Label4{Me, "Label4", {.At = {128, 292, 92, 18}, .Caption = "Filters"}};
 Label lblFilterCount{Me, "lblFilterCount", {.At = {128, 312, 92, 22}, .Style = TextStyle::Counter}};
 Image btnDone{
     Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, {.About = optHelp_About_Click, .ReportingErrors = optHelp_ReportingErrors_Click}};
 
 static void ShowCount()
@@ -174,57 +177,5 @@ void btnDone_Click()
         SaveMarkedFile(InProgramDir("LastProjFilters.chk"), ProjectNumber, 1);
         Me.Unload();
     });
-}
-
-void hlpAddFilter_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Add a Filter",
-            "Clicking the Add Filter button will add the filter you have entered into the filters list.  Type "
-            "the last three letters of the file extension without a dot, 'htm' or 'php' for example.  The "
-            "button turns your letters into lower case for you; the Enter key adds them just as you typed "
-            "them.  A filter that is longer or shorter than three letters will never match a file, so please "
-            "check your typing.");
-    });
-}
-
-void hlpRemoveFilter_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Remove a Filter",
-            "Clicking the Remove button will remove the selected filter from your list.  First click on the "
-            "filter in the list, then on the button, and answer Yes when you are asked.  Files of that type "
-            "will then be copied to your new site as they are instead of being expanded.  If you remove one "
-            "by mistake, just add it again.  Nothing is saved until you click Done.");
-    });
-}
-
-void hlpClearList_Click()
-{
-    Trap([] {
-        // Deliberate: promises more than the option keeps: only the one on the run's own screen is ever read.
-        ShowHelpBox(Me, "Clear the List",
-            "Clicking the Clear button will remove all the filters from your list.  Be careful with this one:  "
-            "while filters are turned on and the list is empty, none of your pages will be expanded.  If you "
-            "would rather do without filters, untick 'Use File Extension Filters' in the Options menu of any "
-            "screen, and every file of your site will be processed when you expand it.  The Reset button "
-            "brings the default filters back.");
-    });
-}
-
-void hlpResetList_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Reset Filter List",
-            "Clicking the Reset button will reset the filter list to its default values.  These are 'htm' and "
-            "'tml', which let every .htm and .html page pass.  Any filters you have added yourself will be "
-            "gone, so you are asked first (in the same words as for clearing the list).  If you ever feel "
-            "unsure about your filters, this is the safe way back.  Click Done to save the result.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmFilters

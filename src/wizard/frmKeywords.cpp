@@ -16,16 +16,21 @@ namespace frmKeywords
 {
 void Form_Load(), Label2_Click(), btn_AddKeyword_Click(), btnLoadKeywords_Click(), btnKeywordRemove_Click(),
     btnKeywordClear_Click(), btnBack_Click(), btnNext_Click();
-void hlpTitle_Click(), btn_hlpAddKeyword_Click(), hlpLoadKeywordFile_Click(), hlpKeywordRemove_Click(),
-    hlpClearAllKeywords_Click(), btnCloseHelp_Click();
 void Text1_KeyPress(int &KeyAscii);
+
+// What stays on the help box once it is closed.
+static const char *const restingHeading = "Keyword Entry";
 
 Form Me{"frmKeywords", {.Load = Form_Load}};
 Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Keywords", .Style = TextStyle::Title}};
 Label Label3{Me, "Label3",
     {.At = {24, 58, 516, 18}, .Caption = "Here are your keywords that will be used in the expansion process"}};
-Image hlpTitle{Me, "hlpTitle",
-    {.At = {554, 56, 22, 22}, .AccessibleName = "Help: Keyword Entry", .As = Role::Help, .Click = hlpTitle_Click}};
+HelpTopic hlpTitle{Me, "hlpTitle", {554, 56}, "Keyword Entry",
+    "This step is crucial.  The keywords you enter here become part of the file names of your new pages and of the "
+    "links that lead to them.  Think of the words people type into a search engine when they look for what your site "
+    "offers, and enter those.  Phrases of two or three words do very well.  Enter more different keywords than you "
+    "want in each file name, none of them a part of another: with too few of them the expansion can't come to its "
+    "end."};
 Label Label2{Me, "Label2",
     {.At = {24, 84, 276, 90},
         .Caption = "Enter keyword phrases that are most relevant to your site's content and purpose.  After "
@@ -38,19 +43,19 @@ Label Label5{
     Me, "Label5", {.At = {24, 230, 276, 18}, .Caption = "Example: Florida Refinance Loan", .Style = TextStyle::Dim}};
 Image btn_AddKeyword{
     Me, "btn_AddKeyword", {.At = {24, 254, 138, 32}, .AccessibleName = "Add Keyword", .Click = btn_AddKeyword_Click}};
-Image btn_hlpAddKeyword{Me, "btn_hlpAddKeyword",
-    {.At = {170, 259, 22, 22},
-        .AccessibleName = "Help: Add a Keyword",
-        .As = Role::Help,
-        .Click = btn_hlpAddKeyword_Click}};
+HelpTopic btn_hlpAddKeyword{Me, "btn_hlpAddKeyword", {170, 259}, "Add a Keyword",
+    "Type a keyword into the blank, and click the 'Add Keyword' button or press the Enter key to add it to your Master "
+    "Keyword List.  A keyword may be a single word or a whole phrase.  Blanks are fine, but the character + is not "
+    "allowed.  A keyword that you enter twice is drawn more often, but it doesn't count as another one: no word stands "
+    "twice in one file name."};
 Label Label9{Me, "Label9", {.At = {24, 300, 286, 18}, .Caption = "Load keywords from text file (one per line)"}};
 Image btnLoadKeywords{
     Me, "btnLoadKeywords", {.At = {24, 322, 92, 32}, .AccessibleName = "Load", .Click = btnLoadKeywords_Click}};
-Image hlpLoadKeywordFile{Me, "hlpLoadKeywordFile",
-    {.At = {124, 327, 22, 22},
-        .AccessibleName = "Help: Load Keywords from a File",
-        .As = Role::Help,
-        .Click = hlpLoadKeywordFile_Click}};
+HelpTopic hlpLoadKeywordFile{Me, "hlpLoadKeywordFile", {124, 327}, "Load Keywords from a File",
+    "You may already have or wish to create a text file with a list of keywords for your site.  Put one keyword or "
+    "phrase on each line and save the file as plain text with Windows line ends.  Then click the 'Load' button and "
+    "pick your file.  Its keywords are added to those already in your list.  You can load as many files as you like, "
+    "one after the other."};
 Label Label6{Me, "Label6", {.At = {324, 84, 252, 20}, .Caption = "Master Keyword List", .Style = TextStyle::SubTitle}};
 ListBox lstKeywords{Me, "lstKeywords", {.At = {324, 108, 252, 140}, .AccessibleName = "Master Keyword List"}};
 Label Label7{Me, "Label7", {.At = {324, 256, 112, 20}, .Caption = "Total Keywords: "}};
@@ -59,18 +64,16 @@ Label Label8{Me, "Label8",
     {.At = {324, 282, 252, 36}, .Caption = "To remove a keyword, click on the keyword and press the remove button."}};
 Image btnKeywordRemove{
     Me, "btnKeywordRemove", {.At = {324, 322, 96, 32}, .AccessibleName = "Remove", .Click = btnKeywordRemove_Click}};
-Image hlpKeywordRemove{Me, "hlpKeywordRemove",
-    {.At = {424, 327, 22, 22},
-        .AccessibleName = "Help: Keyword Removal",
-        .As = Role::Help,
-        .Click = hlpKeywordRemove_Click}};
+HelpTopic hlpKeywordRemove{Me, "hlpKeywordRemove", {424, 327}, "Keyword Removal",
+    "In the Master Keyword List, select a keyword to be removed by clicking on it, then click the 'Remove' button.  "
+    "You will be asked whether you are sure.  Only the list on this screen changes at first; your project is saved as "
+    "soon as you click Back or Next.  If you remove a keyword by mistake, just type it in again."};
 Image btnKeywordClear{
     Me, "btnKeywordClear", {.At = {458, 322, 92, 32}, .AccessibleName = "Clear All", .Click = btnKeywordClear_Click}};
-Image hlpClearAllKeywords{Me, "hlpClearAllKeywords",
-    {.At = {554, 327, 22, 22},
-        .AccessibleName = "Help: Clear All Keywords",
-        .As = Role::Help,
-        .Click = hlpClearAllKeywords_Click}};
+HelpTopic hlpClearAllKeywords{Me, "hlpClearAllKeywords", {554, 327}, "Clear All Keywords",
+    "Click the 'Clear All' button if you wish to remove all keywords from your Master Keyword List and start over.  "
+    "You will be asked first.  A keyword file you have loaded from your computer is not touched by this, so you can "
+    "load it again at any time.  Remember to enter some keywords before you go on to the next step."};
 ListBox List2{Me, "List2", {.Visible = false}};
 TextBox Text2{Me, "Text2", {.Caption = "C:\\", .Visible = false}};
 FileDialog CDOPEN{Me, "CDOPEN"};
@@ -78,7 +81,7 @@ Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me, restingHeading};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
 // Above 0 only while btnLoadKeywords is at work.
@@ -86,8 +89,6 @@ static int LoadFlag = 0;
 
 static constexpr std::int64_t longestKeyword = 100000;
 static constexpr int mostKeywords = 100000;
-// What stays on the help box once it is closed.
-static const char *const restingHeading = "Keyword Entry";
 
 static void ShowCount()
 {
@@ -302,66 +303,5 @@ void btnNext_Click()
         frmKeywordsHowMany::Me.Show();
         Me.Unload();
     });
-}
-
-void hlpTitle_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Keyword Entry",
-            "This step is crucial.  The keywords you enter here become part of the file names of your new "
-            "pages and of the links that lead to them.  Think of the words people type into a search "
-            "engine when they look for what your site offers, and enter those.  Phrases of two or three words "
-            "do very well.  Enter more different keywords than you want in each file name, none of them a part "
-            "of another: with too few of them the expansion can't come to its end.");
-    });
-}
-
-void btn_hlpAddKeyword_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Add a Keyword",
-            "Type a keyword into the blank, and click the 'Add Keyword' button or press the Enter key to add "
-            "it to your Master Keyword List.  A keyword may be a single word or a whole phrase.  Blanks are "
-            "fine, but the character + is not allowed.  A keyword that you enter twice is drawn more "
-            "often, but it doesn't count as another one: no word stands twice in one file name.");
-    });
-}
-
-void hlpKeywordRemove_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Keyword Removal",
-            "In the Master Keyword List, select a keyword to be removed by clicking on it, then click the "
-            "'Remove' button.  You will be asked whether you are sure.  Only the list on this screen changes "
-            "at first; your project is saved as soon as you click Back or Next.  If you remove a keyword by "
-            "mistake, just type it in again.");
-    });
-}
-
-void hlpClearAllKeywords_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Clear All Keywords",
-            "Click the 'Clear All' button if you wish to remove all keywords from your Master Keyword List "
-            "and start over.  You will be asked first.  A keyword file you have loaded from your computer is "
-            "not touched by this, so you can load it again at any time.  Remember to enter some keywords before "
-            "you go on to the next step.");
-    });
-}
-
-void hlpLoadKeywordFile_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Load Keywords from a File",
-            "You may already have or wish to create a text file with a list of keywords for your site.  Put "
-            "one keyword or phrase on each line and save the file as plain text with Windows line ends.  Then "
-            "click the 'Load' button and pick your file.  Its keywords are added to those already in your "
-            "list.  You can load as many files as you like, one after the other.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me, restingHeading); });
 }
 }  // namespace frmKeywords

@@ -10,25 +10,7 @@
 
 namespace frmKeywordsHowMany
 {
-void Form_Load(), btnBack_Click(), btnNext_Click(), hlpTitle_Click(), btnCloseHelp_Click();
-
-Form Me{"frmKeywordsHowMany", {.Load = Form_Load}};
-Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Keywords Per Filename", .Style = TextStyle::Title}};
-Label Label2{Me, "Label2", {.At = {24, 62, 150, 36}, .Caption = "Number of keywords per file name:"}};
-TextBox txtKeywordsPerFilename{Me, "txtKeywordsPerFilename",
-    {.At = {24, 106, 92, 26}, .Caption = "3", .AccessibleName = "Number of keywords per file name"}};
-Label lblDesc{Me, "lblDesc", {.At = {204, 62, 336, 290}}};
-Image hlpTitle{Me, "hlpTitle",
-    {.At = {554, 60, 22, 22},
-        .AccessibleName = "Help: Keywords Per Filename",
-        .As = Role::Help,
-        .Click = hlpTitle_Click}};
-Image btnBack{
-    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
-Image btnNext{
-    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
-MenuBar Menu{Me, FullMenu<Menu>()};
+void Form_Load(), btnBack_Click(), btnNext_Click();
 
 // Deliberate: the two blanks in "your site  by" stand so.
 static Text Description(const Text &theNewFileName)
@@ -45,6 +27,21 @@ static Text Description(const Text &theNewFileName)
            "Your new filename might be:\r\n" +
            theNewFileName;
 }
+
+Form Me{"frmKeywordsHowMany", {.Load = Form_Load}};
+Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Keywords Per Filename", .Style = TextStyle::Title}};
+Label Label2{Me, "Label2", {.At = {24, 62, 150, 36}, .Caption = "Number of keywords per file name:"}};
+TextBox txtKeywordsPerFilename{Me, "txtKeywordsPerFilename",
+    {.At = {24, 106, 92, 26}, .Caption = "3", .AccessibleName = "Number of keywords per file name"}};
+Label lblDesc{Me, "lblDesc", {.At = {204, 62, 336, 290}}};
+HelpTopic hlpTitle{
+    Me, "hlpTitle", {554, 60}, "Keywords Per Filename", Description("451534-rates-refinance-mortgage.htm")};
+Image btnBack{
+    Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
+Image btnNext{
+    Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
+HelpFrame Help{Me};
+MenuBar Menu{Me, FullMenu<Menu>()};
 
 void Form_Load()
 {
@@ -85,15 +82,5 @@ void btnNext_Click()
         frmQuillmark::Me.Show();
         Me.Unload();
     });
-}
-
-void hlpTitle_Click()
-{
-    Trap([] { ShowHelpBox(Me, "Keywords Per Filename", Description("451534-rates-refinance-mortgage.htm")); });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmKeywordsHowMany

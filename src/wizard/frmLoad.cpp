@@ -16,16 +16,18 @@
 
 namespace frmLoad
 {
-void Form_Load(), hlpList_Click(), lstProjNames_DblClick(), btnBack_Click(), btnRemove_Click(), Command2_Click(),
-    btnNext_Click(), btnCloseHelp_Click();
+void Form_Load(), lstProjNames_DblClick(), btnBack_Click(), btnRemove_Click(), Command2_Click(), btnNext_Click();
 
 Form Me{"frmLoad", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Load a Saved Project", .Style = TextStyle::Title}};
 Label Label3{Me, "Label3", {.At = {24, 62, 500, 20}, .Caption = "Here are your available saved projects"}};
 ListBox lstProjNames{Me, "lstProjNames",
     {.At = {24, 88, 520, 264}, .AccessibleName = "Your available saved projects", .DblClick = lstProjNames_DblClick}};
-Image hlpList{Me, "hlpList",
-    {.At = {554, 88, 22, 22}, .AccessibleName = "Help: Project List", .As = Role::Help, .Click = hlpList_Click}};
+HelpTopic hlpList{Me, "hlpList", {554, 88}, "Project List",
+    "This is a master list of all the projects you have created to date.  Click on the one you'd like to work with and "
+    "press Next, or simply double-click it.  I'll fill in the screens that follow with what you saved.  Two projects "
+    "may bear the same name; each has a number and files of its own.  Please don't delete a project's folders by hand: "
+    "the list ends where a number is missing."};
 // In step with lstProjNames, row for row.
 ListBox lstProjNums{Me, "lstProjNums", {.Visible = false}};
 ListBox lstDomainNames{Me, "lstDomainNames", {.Visible = false}};
@@ -37,7 +39,7 @@ Image hlpRemove{Me, "hlpRemove", {.At = {236, 378, 22, 22}}};
 Button Command2{Me, "Command2", {.At = {274, 373, 96, 32}, .Caption = "Command2", .Click = Command2_Click}};
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, MenuBeforeProject<Menu>()};
 
 void Form_Load()
@@ -175,21 +177,5 @@ void Command2_Click()
         ShowMessageLines({"lstDomainNames.List(lstProjNames.listindex): " + lstDomainNames.List(row),
             "lstProjNums.List(lstProjNames.listindex): " + lstDomainNames.List(row)});
     });
-}
-
-void hlpList_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Project List",
-            "This is a master list of all the projects you have created to date.  Click on the one you'd like "
-            "to work with and press Next, or simply double-click it.  I'll fill in the screens that follow "
-            "with what you saved.  Two projects may bear the same name; each has a number and files of its "
-            "own.  Please don't delete a project's folders by hand: the list ends where a number is missing.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmLoad

@@ -11,8 +11,7 @@
 
 namespace frmLoadCreate
 {
-void Form_Load(), btnCreate_Click(), lblCreate1_Click(), hlpCreate_Click(), btnLoad_Click(), lblLoad1_Click(),
-    hlpLoad_Click(), btnBack_Click(), btnCloseHelp_Click();
+void Form_Load(), btnCreate_Click(), lblCreate1_Click(), btnLoad_Click(), lblLoad1_Click(), btnBack_Click();
 
 Form Me{"frmLoadCreate", {.Load = Form_Load}};
 Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Load or Create Menu", .Style = TextStyle::Title}};
@@ -22,8 +21,11 @@ Label lblCreate1{Me, "lblCreate1",
     {.At = {45, 246, 180, 22}, .Caption = "Create", .Style = TextStyle::SubTitle, .Click = lblCreate1_Click}};
 Label lblCreate2{Me, "lblCreate2",
     {.At = {45, 274, 212, 40}, .Caption = "a new Ferncastle website project", .Click = lblCreate1_Click}};
-Image hlpCreate{Me, "hlpCreate",
-    {.At = {235, 246, 22, 22}, .AccessibleName = "Help: Create Project", .As = Role::Help, .Click = hlpCreate_Click}};
+HelpTopic hlpCreate{Me, "hlpCreate", {235, 246}, "Create Project",
+    "By choosing to create a new project, you can set up an expansion project for your site from the start.  You give "
+    "it a name and tell me your domain name; then I'll ask where your local files are and which keywords you want.  "
+    "Your choices are saved under a project number of its own as you go, so you can load the project later, change "
+    "what you like and run it again."};
 Image btnLoad{Me, "btnLoad",
     {.At = {325, 54, 248, 176},
         .AccessibleName = "Load an existing project",
@@ -33,11 +35,14 @@ Label lblLoad1{Me, "lblLoad1",
     {.At = {343, 246, 180, 22}, .Caption = "Load", .Style = TextStyle::SubTitle, .Click = lblLoad1_Click}};
 Label lblLoad2{Me, "lblLoad2",
     {.At = {343, 274, 212, 40}, .Caption = "an existing Ferncastle website project", .Click = btnLoad_Click}};
-Image hlpLoad{Me, "hlpLoad",
-    {.At = {533, 246, 22, 22}, .AccessibleName = "Help: Load a Project", .As = Role::Help, .Click = hlpLoad_Click}};
+HelpTopic hlpLoad{Me, "hlpLoad", {533, 246}, "Load a Project",
+    "Load an expansion project you have previously created.  You'll see a list of your projects and pick the one you "
+    "want.  Its domain name, the location of your site, your keywords, their number and your Quillmark choice are "
+    "filled in for you on the screens that follow.  You can change any of them before you run the expansion again.  If "
+    "you haven't created a project yet, choose Create first."};
 Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, MenuBeforeProject<Menu>()};
 
 void Form_Load()
@@ -100,32 +105,5 @@ void btnBack_Click()
         frmMenu::Me.Show();
         Me.Unload();
     });
-}
-
-void hlpCreate_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Create Project",
-            "By choosing to create a new project, you can set up an expansion project for your site from the "
-            "start.  You give it a name and tell me your domain name; then I'll ask where your local files "
-            "are and which keywords you want.  Your choices are saved under a project number of its own as "
-            "you go, so you can load the project later, change what you like and run it again.");
-    });
-}
-
-void hlpLoad_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Load a Project",
-            "Load an expansion project you have previously created.  You'll see a list of your projects and "
-            "pick the one you want.  Its domain name, the location of your site, your keywords, their number and "
-            "your Quillmark choice are filled in for you on the screens that follow.  You can change any of them "
-            "before you run the expansion again.  If you haven't created a project yet, choose Create first.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmLoadCreate

@@ -10,8 +10,7 @@
 
 namespace frmMenu
 {
-void Form_Load(), btnFerncastle_Click(), btnFAQ_Click(), btnContact_Click(), hlpFerncastle_Click(), hlpFAQ_Click(),
-    hlpContact_Click(), btnCloseHelp_Click();
+void Form_Load(), btnFerncastle_Click(), btnFAQ_Click(), btnContact_Click();
 
 Form Me{"frmMenu", {.Load = Form_Load}};
 Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Main Menu", .Style = TextStyle::Title}};
@@ -23,16 +22,22 @@ Label Label1{Me, "Label1",
     {.At = {136, 118, 400, 20},
         .Caption = "Boost your site's size, relevance, and ranking!",
         .Click = btnFerncastle_Click}};
-Image hlpFerncastle{Me, "hlpFerncastle",
-    {.At = {554, 101, 22, 22}, .AccessibleName = "Help: Ferncastle", .As = Role::Help, .Click = hlpFerncastle_Click}};
+HelpTopic hlpFerncastle{Me, "hlpFerncastle", {554, 101}, "Ferncastle",
+    "Click Ferncastle to launch the program and get your site beefed up and optimized!  I'll take you through it one "
+    "screen at a time: you create a project or load one, show me where the local copy of your site is, and give me "
+    "your keywords.  Then I build a bigger copy of your site in a folder of its own beside the program.  Your own "
+    "files are only read, never changed."};
 Image btnFAQ{
     Me, "btnFAQ", {.At = {18, 169, 100, 84}, .AccessibleName = "FAQ", .As = Role::Tile, .Click = btnFAQ_Click}};
 Label Label2{
     Me, "Label2", {.At = {136, 186, 400, 22}, .Caption = "FAQ", .Style = TextStyle::SubTitle, .Click = btnFAQ_Click}};
 Label Label3{Me, "Label3",
     {.At = {136, 212, 400, 20}, .Caption = "Find answers to Frequently Asked Questions here.", .Click = btnFAQ_Click}};
-Image hlpFAQ{
-    Me, "hlpFAQ", {.At = {554, 200, 22, 22}, .AccessibleName = "Help: FAQ", .As = Role::Help, .Click = hlpFAQ_Click}};
+HelpTopic hlpFAQ{Me, "hlpFAQ", {554, 200}, "FAQ",
+    "Clicking this option will give you a list of the most Frequently Asked Questions regarding this software.  It "
+    "opens the support site in a browser window, so you'll need to be connected to the internet.  This menu stays open "
+    "behind it, and you can close the browser and come straight back whenever you've read enough.  If your question "
+    "isn't on the list, try Support below."};
 Image btnContact{Me, "btnContact",
     {.At = {18, 269, 100, 84}, .AccessibleName = "Support", .As = Role::Tile, .Click = btnContact_Click}};
 Label Label4{Me, "Label4",
@@ -41,12 +46,11 @@ Label Label5{Me, "Label5",
     {.At = {136, 306, 400, 38},
         .Caption = "Need a hand?  Come talk to me or find out more about the software.",
         .Click = btnContact_Click}};
-Image hlpContact{Me, "hlpContact",
-    {.At = {554, 300, 22, 22},
-        .AccessibleName = "Help: Support / Contact",
-        .As = Role::Help,
-        .Click = hlpContact_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpTopic hlpContact{Me, "hlpContact", {554, 300}, "Support / Contact",
+    "This is here in case you need help or need to contact the maker of Ferncastle.  It opens the contact page of the "
+    "support site in a browser window, and this menu waits behind it.  When you write to me, please tell me which "
+    "screen you were on, what you clicked and what happened then.  That way I can help you a lot faster."};
+HelpFrame Help{Me};
 MenuBar Menu{Me, MenuBeforeProject<Menu>()};
 
 void Form_Load()
@@ -88,43 +92,5 @@ void btnFAQ_Click()
 void btnContact_Click()
 {
     Trap([] { OpenSupportPage("/contact"); });
-}
-
-void hlpFerncastle_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Ferncastle",
-            "Click Ferncastle to launch the program and get your site beefed up and optimized!  I'll take you "
-            "through it one screen at a time: you create a project or load one, show me where the local copy "
-            "of your site is, and give me your keywords.  Then I build a bigger copy of your site in a folder "
-            "of its own beside the program.  Your own files are only read, never changed.");
-    });
-}
-
-void hlpFAQ_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "FAQ",
-            "Clicking this option will give you a list of the most Frequently Asked Questions regarding this "
-            "software.  It opens the support site in a browser window, so you'll need to be connected to the "
-            "internet.  This menu stays open behind it, and you can close the browser and come straight back "
-            "whenever you've read enough.  If your question isn't on the list, try Support below.");
-    });
-}
-
-void hlpContact_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Support / Contact",
-            "This is here in case you need help or need to contact the maker of Ferncastle.  It opens the "
-            "contact page of the support site in a browser window, and this menu waits behind it.  When you "
-            "write to me, please tell me which screen you were on, what you clicked and what happened then.  "
-            "That way I can help you a lot faster.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmMenu

@@ -9,21 +9,24 @@
 
 namespace frmQuillmark
 {
-void Form_Load(), btnBack_Click(), btnNext_Click(), hlpTitle_Click(), btnCloseHelp_Click();
+void Form_Load(), btnBack_Click(), btnNext_Click();
 
 Form Me{"frmQuillmark", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Using Quillmark", .Style = TextStyle::Title}};
 CheckBox chkUsingQuillmark{
     Me, "chkUsingQuillmark", {.At = {24, 62, 178, 22}, .AccessibleName = "I am using Quillmark"}};
 Label Label2{Me, "Label2", {.At = {54, 64, 150, 18}, .Caption = "I am using Quillmark"}};
-Image hlpTitle{Me, "hlpTitle",
-    {.At = {212, 62, 22, 22}, .AccessibleName = "Help: Using Quillmark", .As = Role::Help, .Click = hlpTitle_Click}};
+HelpTopic hlpTitle{Me, "hlpTitle", {212, 62}, "Using Quillmark",
+    "Quillmark, like Ferncastle, is a tool that helps your site get noticed by search engines, and the two get along "
+    "well.  With the box checked, the words in your new file names are drawn from a dictionary, and your keywords are "
+    "kept out of them and left for Quillmark to use.  With the box unchecked, the new file names carry your own "
+    "keywords.  If you have never heard of Quillmark, leave it unchecked."};
 Label lblDesc{Me, "lblDesc", {.At = {24, 104, 516, 144}}};
 Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 MenuBar Menu{Me, FullMenu<Menu>()};
 
 void Form_Load()
@@ -67,22 +70,5 @@ void btnNext_Click()
         frmConfirm::Me.Show();
         Me.Unload();
     });
-}
-
-void hlpTitle_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Using Quillmark",
-            "Quillmark, like Ferncastle, is a tool that helps your site get noticed by search engines, and the "
-            "two get along well.  With the box checked, the words in your new file names are drawn from a "
-            "dictionary, and your keywords are kept out of them and left for Quillmark to use.  With the box "
-            "unchecked, the new file names carry your own keywords.  If you have never heard of Quillmark, "
-            "leave it unchecked.");
-    });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmQuillmark

@@ -8,14 +8,22 @@
 
 namespace frmWelcome
 {
-void Form_Load(), hlpWelcome_Click(), chkHideWelcome_Click(), btnNext_Click(), btnCloseHelp_Click();
+void Form_Load(), chkHideWelcome_Click(), btnNext_Click();
 
 Form Me{"frmWelcome", {.Load = Form_Load}};
 Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Welcome", .Style = TextStyle::Title}};
 Label Label1{Me, "Label1", {.At = {24, 92, 400, 22}, .Caption = "Welcome to", .Style = TextStyle::SubTitle}};
 Image imgTitle{Me, "imgTitle", {.At = {24, 124, 420, 96}, .AccessibleName = "Ferncastle"}};
-Image hlpWelcome{Me, "hlpWelcome",
-    {.At = {554, 161, 22, 22}, .AccessibleName = "Help: Ferncastle", .As = Role::Help, .Click = hlpWelcome_Click}};
+// Deliberate: "the number of page" stands so.
+HelpTopic hlpWelcome{Me, "hlpWelcome", {554, 161}, "Ferncastle",
+    "Ferncastle is dedicated to getting more search engine attention to your site by employing several methods.  First "
+    "of all it's going to increase the size of your site by roughly the number of pages your site contains multiplied "
+    "by the average number of internal links on each page, plus the number of page on your site by using a new "
+    "technology I've come up with that is based on the idea of modern cloakers, but goes several steps further.  The "
+    "method uses random number generation and your site's keywords to generate truly unique and context-rich filenames "
+    "for your site.  It also parses your files and increases your keyword density behind the scenes.  And the best "
+    "part is, it's all done completely behind-the-scenes.  Neither you nor your visitors will notice any apparent "
+    "change to your site (except, of course, your increased page-rank and sales!)"};
 Label Label2{Me, "Label2",
     {.At = {24, 230, 400, 22}, .Caption = "website expander and enhancer.", .Style = TextStyle::SubTitle}};
 CheckBox chkHideWelcome{Me, "chkHideWelcome",
@@ -25,7 +33,7 @@ CheckBox chkHideWelcome{Me, "chkHideWelcome",
 Label Label3{Me, "Label3", {.At = {50, 330, 400, 20}, .Caption = "Don't show this Welcome Screen in the future"}};
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 // Deliberate: none of its items does anything on this screen.
 MenuBar Menu{Me, {}};
 
@@ -36,23 +44,6 @@ void Form_Load()
         imgTitle.Picture = PictureOf("title.jpg");
         hlpWelcome.Picture = PictureOf("btnHelp.jpg");
         btnNext.SetFocus();
-    });
-}
-
-void hlpWelcome_Click()
-{
-    Trap([] {
-        // Deliberate: "the number of page" stands so.
-        ShowHelpBox(Me, "Ferncastle",
-            "Ferncastle is dedicated to getting more search engine attention to your site by employing several "
-            "methods.  First of all it's going to increase the size of your site by roughly the number of pages your "
-            "site contains multiplied by the average number of internal links on each page, plus the number of page "
-            "on your site by using a new technology I've come up with that is based on the idea of modern cloakers, "
-            "but goes several steps further.  The method uses random number generation and your site's keywords to "
-            "generate truly unique and context-rich filenames for your site.  It also parses your files and increases "
-            "your keyword density behind the scenes.  And the best part is, it's all done completely "
-            "behind-the-scenes.  Neither you nor your visitors will notice any apparent change to your site (except, "
-            "of course, your increased page-rank and sales!)");
     });
 }
 
@@ -69,10 +60,5 @@ void btnNext_Click()
         frmMenu::Me.Show();
         Me.Unload();
     });
-}
-
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
 }
 }  // namespace frmWelcome
