@@ -20,7 +20,7 @@ void hlpFilesProcessed_Click(), hlpPagesAdded_Click(), hlpKeywordsAdded_Click(),
 void hlpLinksExternal_Click(), hlpLinksBroken_Click(), Image1_Click(), Image2_Click();
 
 Form Me{"frmProcess", {.Load = Form_Load}};
-MenuBar Menu{Me, FullMenu<Menu>()};
+MenuBar Menu{Me, fullMenu};
 Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Expanding Your Site", .Style = TextStyle::Title}};
 
 Label Label2{Me, "Label2", {.At = {24, 58, 130, 18}, .Caption = "Project Name:", .Style = TextStyle::Dim}};

@@ -5,5 +5,5 @@
 namespace frmHelp
 {
 extern Form Me;
-extern Browser FinalReportBrowser;
+extern Browser &FinalReportBrowser;
 }  // namespace frmHelp

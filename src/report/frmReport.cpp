@@ -1,14 +1,12 @@
 #include "report/frmReport.h"
+#include "core/Trap.h"
 #include "report/BrowserScreen.h"
 #include "wizard/ScreenLook.h"
 
 namespace frmReport
 {
 void Form_Load(), Form_Resize(), Form_QueryUnload(bool &Cancel);
-void Close_Report_Click(), ReturnIndex_Click(), V_Report_Click();
-extern  // Shows the address; typing in it does nothing. Wanted.
-    TextBox txtAddress;
-extern Label lblStatusBar;
+void Close_Report_Click(), ReturnIndex_Click();
 
 // The design size stands for the whole screen until the user's real one is known.
 Form Me{"frmReport", {.Width = 1024,
@@ -17,25 +15,9 @@ Form Me{"frmReport", {.Width = 1024,
                          .Load = Form_Load,
                          .Resize = Form_Resize,
                          .QueryUnload = Form_QueryUnload}};
-MenuItem Close_Report{Me, "Close_Report", {.Caption = "Close Report", .Click = Close_Report_Click}};
-MenuItem SiteNav{Me, "SiteNav", {.Caption = "Navigation"}};
-MenuItem ReturnIndex{Me, "ReturnIndex", SiteNav, {.Caption = "Return To Report", .Click = ReturnIndex_Click}};
-MenuItem mnu_Back{Me, "mnu_Back", SiteNav, {.Caption = "Back", .Click = mnu_Back_Click<FinalReportBrowser>}};
-MenuItem menu_forward{
-    Me, "menu_forward", SiteNav, {.Caption = "Forward", .Click = menu_forward_Click<FinalReportBrowser>}};
-MenuItem Menu_Refresh{
-    Me, "Menu_Refresh", SiteNav, {.Caption = "Refresh", .Click = Menu_Refresh_Click<FinalReportBrowser>}};
-MenuItem menu_Stop{Me, "menu_Stop", SiteNav, {.Caption = "Stop", .Click = menu_Stop_Click<FinalReportBrowser>}};
-MenuItem V_Report{Me, "V_Report", {.Caption = "View Report", .Click = V_Report_Click}};
-
-ToolBar Toolbar1{Me, "Toolbar1", {.At = {0, 0, 240, 48}},
-    {{"Back", "Back", "Go back one page"}, {"Forward", "Forward", "Go forward one page"}},
-    Toolbar1_ButtonClick<FinalReportBrowser>};
-Label lblAddress{Me, "lblAddress", {.At = {12, 60, 64, 20}, .Caption = "Address"}};
-TextBox txtAddress{Me, "txtAddress", {.At = {76, 55, 0, 30}, .AccessibleName = "Address"}};
-Browser FinalReportBrowser{Me, "FinalReportBrowser", {.At = {12, 93, 0, 0}},
-    {ShowAddress<txtAddress>, ShowStatus<lblStatusBar>, ShowTitle<Me>}};
-Label lblStatusBar{Me, "lblStatusBar", {.At = {0, 0, 0, 24}, .Style = TextStyle::Status}};
+BrowserControls Controls{
+    Me, {.CloseCaption = "Close Report", .Close = Close_Report_Click, .ShowReport = ReturnIndex_Click}};
+Browser &FinalReportBrowser = Controls.FinalReportBrowser;
 
 void Form_Load()
 {
@@ -48,7 +30,7 @@ void Form_Load()
 
 void Form_Resize()
 {
-    Trap([] { SizeControls(Me, Me, lblAddress, txtAddress, FinalReportBrowser, lblStatusBar); });
+    Trap([] { Controls.SizeControls(Me); });
 }
 
 void Form_QueryUnload(bool &Cancel)
@@ -67,10 +49,5 @@ void Close_Report_Click()
 void ReturnIndex_Click()
 {
     Trap([] { FinalReportBrowser.Navigate(ReportPage()); });
-}
-
-void V_Report_Click()
-{
-    ReturnIndex_Click();
 }
 }  // namespace frmReport

@@ -5,5 +5,5 @@
 namespace frmReport
 {
 extern Form Me;
-extern Browser FinalReportBrowser;
+extern Browser &FinalReportBrowser;
 }  // namespace frmReport

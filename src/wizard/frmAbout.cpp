@@ -21,7 +21,7 @@ HelpTopic hlpTitle{Me, "hlpTitle", {224, 258}, "About",
 Image btnDone{
     Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, {.ReportingErrors = optHelp_ReportingErrors_Click}};
+MenuBar Menu{Me, {.ReportingErrors = true}};
 
 void Form_Load()
 {

@@ -31,7 +31,7 @@ Image btnBack{
 Image btnExpand{Me, "btnExpand",
     {.At = {388, 371, 188, 36}, .AccessibleName = "Expand my site", .As = Role::Primary, .Click = btnExpand_Click}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, FullMenu<Menu>()};
+MenuBar Menu{Me, fullMenu};
 
 void Form_Load()
 {

@@ -53,7 +53,7 @@ HelpFrame Help{Me};
 // Deliberate: they stand in the help frame's corners with neither a picture nor a handler.
 Image btnHelpMore{Me, "btnHelpMore", {.At = {606, 378, 22, 22}}};
 Image btnHelpLess{Me, "btnHelpLess", {.At = {732, 378, 22, 22}}};
-MenuBar Menu{Me, MenuBeforeProject<Menu>()};
+MenuBar Menu{Me, menuBeforeProject};
 
 void Form_Load()
 {

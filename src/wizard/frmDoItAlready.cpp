@@ -32,7 +32,7 @@ Image btnBack{
 // Deliberate: bears no picture and no topic: nothing is to be seen of it.
 Image btnHelp1{Me, "btnHelp1", {.At = {554, 60, 22, 22}}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, FullMenu<Menu>()};
+MenuBar Menu{Me, fullMenu};
 
 void Form_Load()
 {

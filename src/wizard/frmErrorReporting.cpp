@@ -23,7 +23,7 @@ HelpTopic hlpTitle{Me, "hlpTitle", {390, 60}, "Error Reporting",
 Image btnDone{
     Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, {.About = optHelp_About_Click}};
+MenuBar Menu{Me, {.About = true}};
 
 void Form_Load()
 {

@@ -53,7 +53,7 @@ Label lblFilterCount{Me, "lblFilterCount", {.At = {128, 312, 92, 22}, .Style = T
 Image btnDone{
     Me, "btnDone", {.At = {484, 372, 92, 34}, .AccessibleName = "Done", .As = Role::Primary, .Click = btnDone_Click}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, {.About = optHelp_About_Click, .ReportingErrors = optHelp_ReportingErrors_Click}};
+MenuBar Menu{Me, {.About = true, .ReportingErrors = true}};
 
 static void ShowCount()
 {

@@ -82,7 +82,7 @@ Image btnBack{
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me, restingHeading};
-MenuBar Menu{Me, FullMenu<Menu>()};
+MenuBar Menu{Me, fullMenu};
 
 // Above 0 only while btnLoadKeywords is at work.
 static int LoadFlag = 0;

@@ -40,7 +40,7 @@ Button Command2{Me, "Command2", {.At = {274, 373, 96, 32}, .Caption = "Command2"
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, MenuBeforeProject<Menu>()};
+MenuBar Menu{Me, menuBeforeProject};
 
 void Form_Load()
 {

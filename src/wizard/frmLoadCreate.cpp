@@ -43,7 +43,7 @@ HelpTopic hlpLoad{Me, "hlpLoad", {533, 246}, "Load a Project",
 Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, MenuBeforeProject<Menu>()};
+MenuBar Menu{Me, menuBeforeProject};
 
 void Form_Load()
 {

@@ -51,7 +51,7 @@ HelpTopic hlpContact{Me, "hlpContact", {554, 300}, "Support / Contact",
     "support site in a browser window, and this menu waits behind it.  When you write to me, please tell me which "
     "screen you were on, what you clicked and what happened then.  That way I can help you a lot faster."};
 HelpFrame Help{Me};
-MenuBar Menu{Me, MenuBeforeProject<Menu>()};
+MenuBar Menu{Me, menuBeforeProject};
 
 void Form_Load()
 {

@@ -27,7 +27,7 @@ Image btnBack{
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me};
-MenuBar Menu{Me, FullMenu<Menu>()};
+MenuBar Menu{Me, fullMenu};
 
 void Form_Load()
 {
