@@ -15,7 +15,7 @@
 
 using frmLists::rtbReport;
 
-// A page under construction lives in rtbReport; its template lies beside the program, its result in the store.
+// rtbReport holds the page being made. Its template is beside the program; the result goes to the store directory.
 static Text TemplateOf(const Text &thePage)
 {
     return InProgramDir(thePage + "_template.html");
@@ -33,13 +33,13 @@ static void LoadTemplate(const Text &thePage)
     LoadFileIntoBox(TemplateOf(thePage), rtbReport);
 }
 
-// Deliberate: no value is escaped.
+// Deliberate: values are not escaped.
 static void FillIn(const Text &theMarker, const Text &theValue)
 {
     rtbReport.Text = ReplaceText(rtbReport.Text, theMarker, theValue);
 }
 
-// Deliberate: a page whose step doesn't run stays as an earlier run left it, with no link to it.
+// Deliberate: a page whose step is skipped stays as an earlier run left it, and nothing links to it.
 static void ReplaceResult(const Text &thePage)
 {
     const Text result = InStoreDir(thePage + ".html");
@@ -59,7 +59,7 @@ static void SetDone(Image &theTick)
     PaintNow();
 }
 
-// Deliberate: compared as texts, not as numbers: any count that sorts behind "0" passes.
+// Deliberate: compared as texts, not as numbers: any count that sorts after "0" passes.
 static bool IsAboveZero(const Label &theCount)
 {
     return theCount.Caption.Get() > "0";
@@ -99,7 +99,7 @@ static void MakeMediaPage()
     ReplaceResult("report_media");
 }
 
-// The new site's directory, as a link to its index file where it has one.
+// The new site's directory, as a link to its index file if it has one.
 static Text NewSiteValue()
 {
     const Text newSite = frmProcess::lblNewSiteDir.Caption;
@@ -114,7 +114,7 @@ static void MakeMainPage(
     const Text &newSite, const Text &brokenDetails, const Text &externalDetails, const Text &mediaDetails)
 {
     LoadTemplate("report");
-    // Deliberate: one after the other over the whole page: a marker inside a value is replaced in its turn.
+    // Deliberate: each marker is replaced in the whole page, so a marker inside an earlier value is replaced too.
     FillIn("<*thebackground*>", "../imgs/bg_report01.jpg");
     FillIn("<*report_title*>", "../imgs/report_title01.png");
     FillIn("<*reportdetails_title*>", "../imgs/title_project_details.png");
@@ -139,16 +139,16 @@ static void MakeMainPage(
     ReplaceResult("report");
 }
 
-// Has no trap: a failure stops at that of btnReport_Click, with the steps that remain undone and the meter running.
+// Has no trap: a failure ends in that of btnReport_Click; the remaining steps are not done and the meter keeps moving.
 void GenerateReport()
 {
-    // A press of btnReport during a yield runs all this a second time inside itself, and spoils the pages of the first:
-    // Deliberate: both use the same text box, and the counts are gone by then.
+    // Deliberate: a press of btnReport during a yield makes a second report inside the first and spoils the pages of
+    // the first: both use the same text box, and the counts are gone by then.
     frmGeneratingReport::Me.Show();
     frmProcess::Timer2.Enabled = true;
     Text externalDetails, brokenDetails, mediaDetails;
 
-    // Deliberate: the details links of the two are set even where a missing template leaves them leading nowhere.
+    // Deliberate: both details links are set even if the template is missing and they lead nowhere.
     if (IsAboveZero(frmProcess::lblLinksExternalCnt)) {
         externalDetails = DetailsLink("report_linksexternal");
         MakeLinksPage("External", "report_linksexternal", "<!--|||***ExternalLinks***|||-->");

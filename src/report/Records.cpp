@@ -8,10 +8,10 @@
 #include <algorithm>
 
 static const Text endOfPayload = "[]";
-// The marker and the line end behind it.
+// The marker and the line end after it.
 static constexpr int recordEndLength = 4;
 
-// A position behind a record, held in 32 bits.
+// A position after a record, in 32 bits.
 static std::int32_t Position(std::int64_t thePosition)
 {
     if (thePosition > std::numeric_limits<std::int32_t>::max())
@@ -62,13 +62,13 @@ Text TableRow(const std::vector<Text> &theCells)
     return Result + "  </TR>" + CRLF;
 }
 
-// Deliberate: where the file is missing theBox keeps what it holds: a broken count without records shows the external
-// ones.
+// Deliberate: if the file is missing, theBox keeps its text: a count of broken links without records shows the external
+// links.
 static void LoadRecords(const Text &theFile, TextHolder &theBox)
 {
     if (ifFileExists(theFile))
         LoadFileIntoBox(theFile, theBox);
-    else  // The same words for all four files. Wanted.
+    else  // Deliberate: the same words for all four files.
         LogMessageLines({"",
             "The file containing the names of the files containing your site's external links couldn't "
             "be found for project #" +
@@ -76,7 +76,7 @@ static void LoadRecords(const Text &theFile, TextHolder &theBox)
             theFile, "GenerateReport.frmProcess"});
 }
 
-// Deliberate: the ampersand stays as it is.
+// Deliberate: ampersands are not escaped.
 static Text EscapeTag(const Text &theTag)
 {
     Text Result = ReplaceText(theTag, "<", "&lt;");
@@ -91,7 +91,7 @@ Text TabulateLinks(Text LinkType)
     Trap([&] {
         LoadRecords(InStoreDir(LinkType + "LinksFiles.sav"), frmLists::rtbReportTemp);
         LoadRecords(InStoreDir(LinkType + "LinksLinks.sav"), frmLists::rtbReportTemp2);
-        // Copies: a second report, begun during a yield, fills the boxes anew.
+        // Copies, because a second report that starts during a yield fills the boxes again.
         const Text files = frmLists::rtbReportTemp.Text, links = frmLists::rtbReportTemp2.Text;
         std::int32_t filesPos = 1, linksPos = 1;
         for (;;) {
@@ -101,11 +101,11 @@ Text TabulateLinks(Text LinkType)
                 break;
             if (filesPos != 1)
                 Result += Text("<TR><TD>&nbsp;</TD></TR>") + CRLF;
-            Result += TableRow({page});  // as it is, without any escaping. Wanted.
+            Result += TableRow({page});  // Deliberate: not escaped.
             const std::int16_t linkCount = GetRepeatingLines(filesPos, files, page);
             for (int i = 1; i <= linkCount; ++i) {
                 DoEvents();
-                // Deliberate: with the line end of its own the tag's line is followed by an empty one.
+                // Deliberate: the tag gets a line end of its own, so an empty line follows it.
                 const Text tag = EscapeTag(GetLineFromText(linksPos, links, 1) + CRLF);
                 Result += TableRow({"&nbsp;&nbsp;&nbsp;&nbsp;&nbsp;" + tag});
             }
@@ -119,10 +119,11 @@ std::int16_t isLinkMedia(const Text &theLink)
     std::int16_t Result = -1;
     Trap([&] {
         const Text file = GetFileFromLink(theLink, 0, 1);
-        // Deliberate: Counted in the whole link, taken from the file part: most links with a query are no media links.
+        // Deliberate: counted in the whole link but cut from the file part, so most links with a query are no media
+        // links.
         const std::int64_t length = Len(theLink) - FindLastText(theLink, ".");
         const Text extension = RightPart(file, length);
-        // Deliberate: exactly, while the tally of files ignores case: a row in capitals finds files but no link.
+        // Deliberate: case matters here but not in the tally of files: a row in capitals finds files but no links.
         const std::vector<Text> &rows = frmLists::lstMediaExtensions.Rows();
         if (std::find(rows.begin(), rows.end(), extension) != rows.end())
             Result = 3;

@@ -9,7 +9,7 @@ namespace frmGeneratingReport
 {
 void Form_Load(), Timer1_Timer();
 
-// A row of the list of steps: its tick, its caption, its help spot.
+// A row of the list of steps: its tick and its caption.
 static Face TickAt(double theTop, const Text &AccessibleName)
 {
     return {.At = {56, theTop, 32, 32}, .AccessibleName = AccessibleName};
@@ -20,7 +20,7 @@ static Face CaptionAt(double theTop, const Text &theCaption)
 }
 
 Form Me{"frmGeneratingReport", {.Load = Form_Load}};
-// Deliberate: none of its items does anything on this screen.
+// Deliberate: no item does anything on this screen.
 MenuBar Menu{Me, {}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Generating Report", .Style = TextStyle::Title}};
 Label Label2{Me, "Label2",
@@ -29,7 +29,7 @@ Label lblDesc{Me, "lblDesc", {.At = {24, 80, 552, 54}}};
 
 Image chkboxLinksExt{Me, "chkboxLinksExt", TickAt(140, "Step 1")};
 Label lblLinksExt{Me, "lblLinksExt", CaptionAt(140, "External Links Report")};
-// Deliberate: "awayfrom" and the entity are part of the text.
+// Deliberate: "awayfrom" and the entities are part of the text.
 HelpTopic hlpLinksExt{Me, "hlpLinksExt", {412, 145}, "External Links",
     "Any external links will take your visitor awayfrom your site and whisk them away to somewhere else on the "
     "internet.  From a sales standpoint, this is a bad idea.&nbsp; From search engines' points of view, your page rank "
@@ -67,10 +67,10 @@ HelpFrame Help{Me};
 void Form_Load()
 {
     Trap([] {
-        // It goes when the report is there; until then its frame stays.
+        // The user can't close it; it closes when the report is finished.
         Me.CloseRefused = true;
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
-        // Once more: the look leaves out what comes behind a missing picture.
+        // Set again because ApplyScreenLook stops at a missing picture.
         Me.Height = FormHeight;
         Me.Width = FormWidth;
         Me.Caption = AppTitle;
@@ -107,7 +107,7 @@ void Timer1_Timer()
 {
     Trap([] {
         if (ReportFinished)
-            Timer1.Enabled = false;  // and moves the box one last time. Wanted.
+            Timer1.Enabled = false;  // Deliberate: the box still moves one last time.
         ShowMeter(Frame1, Shape1);
         DoEvents();
     });

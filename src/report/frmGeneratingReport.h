@@ -1,4 +1,4 @@
-// Stands in front while the report is made: five steps that are ticked off, and a box that slides through a meter.
+// Shown while the report is made: five steps that are ticked off, and a box that slides through a meter.
 #pragma once
 #include "toolkit/Controls.h"
 
@@ -9,6 +9,6 @@ extern Image chkboxLinksExt, chkboxLinksBrk, chkboxMediaReport, chkboxStatGen, c
 extern Frame Frame1;
 extern Shape Shape1;
 
-// Moves the box one step through its frame; from the right end it comes in anew at the left.
+// Moves theBox one step to the right; past the right end of theFrame it comes back in at the left.
 void ShowMeter(Frame &theFrame, Shape &theBox);
 }  // namespace frmGeneratingReport

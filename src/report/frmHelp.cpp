@@ -7,7 +7,7 @@ namespace frmHelp
 {
 void Form_Load(), Form_Resize(), Close_Report_Click();
 
-// The design size stands for the whole screen until the user's real one is known.
+// The design size stands in for that of the user's display until a presentation sets it.
 Form Me{"frmHelp", {.Width = 1024, .Height = 740, .Sizable = true, .Load = Form_Load, .Resize = Form_Resize}};
 BrowserControls Controls{Me, {.CloseCaption = "Close Browser", .Close = Close_Report_Click}};
 Browser &FinalReportBrowser = Controls.FinalReportBrowser;
@@ -17,14 +17,14 @@ void Form_Load()
     Trap([] {
         Me.Caption = AppTitle;
         Form_Resize();
-        // Deliberate: who opens this screen sends it on to the support site at once; there may be no report yet.
+        // Deliberate: there may be no report yet; the caller navigates on to the support site at once.
         FinalReportBrowser.Navigate(ReportPage());
     });
 }
 
 void Form_Resize()
 {
-    // Deliberate: the limits are held against the size of frmReport, which comes into being for that, hidden.
+    // Deliberate: compares the size of frmReport with the limits, which loads that screen, hidden.
     Trap([] { Controls.SizeControls(frmReport::Me); });
 }
 

@@ -1,4 +1,4 @@
-// The support site in an embedded browser. Who opens it shows it and then sends its browser to an address.
+// The support site in an embedded browser. The caller shows it, then navigates its browser.
 #pragma once
 #include "toolkit/Controls.h"
 

@@ -8,7 +8,7 @@ namespace frmReport
 void Form_Load(), Form_Resize(), Form_QueryUnload(bool &Cancel);
 void Close_Report_Click(), ReturnIndex_Click();
 
-// The design size stands for the whole screen until the user's real one is known.
+// The design size stands in for that of the user's display until a presentation sets it.
 Form Me{"frmReport", {.Width = 1024,
                          .Height = 740,
                          .Sizable = true,

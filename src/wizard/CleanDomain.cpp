@@ -1,6 +1,6 @@
 #include "wizard/CleanDomain.h"
 
-// Not by StripFromEnds: that gives a text whose end is doubled back whole.
+// Does not use StripFromEnds, which leaves a doubled end in place.
 Text CleanDomain(const Text &theDomain)
 {
     Text Result = theDomain;

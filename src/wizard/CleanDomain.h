@@ -2,6 +2,6 @@
 #pragma once
 #include "base/Text.h"
 
-// theDomain without "http://" and then "www." at its front, and without "/" and then "\" at its end, each taken off as
-// often as it stands there. The comparison is exact. What is left may be anything, also empty. Never fails.
+// Removes "http://" and then "www." from the front of theDomain, "/" and then "\" from its end, each as often as it
+// occurs there. Case matters. What is left may be anything, even empty. Never fails.
 Text CleanDomain(const Text &theDomain);

@@ -47,8 +47,8 @@ void ShowHelpBox(Form &theForm, const Text &theHeading, const Text &theText, Fla
             HelpBoxClosed = false;
             double direction = 1;
             if (HelpBoxOpen) {
-                // Deliberate: also where an earlier screen left its box out: this one then shrinks below its normal
-                // width.
+                // Deliberate: also where it was an earlier screen that left its box open; this one then shrinks below
+                // its normal width.
                 direction = -1;
                 HelpBoxClosed = true;
             }

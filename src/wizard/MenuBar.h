@@ -10,7 +10,7 @@ struct LiveItems {
     bool About = false;
     bool ReportingErrors = false;
 };
-// For the screens that come before a project: there is no filter list yet.
+// For the screens before a project exists: there is no filter list yet.
 inline constexpr LiveItems menuBeforeProject{.Exit = true, .Options = true, .About = true, .ReportingErrors = true};
 // All items, for the screens on which a project exists.
 inline constexpr LiveItems fullMenu{
@@ -22,6 +22,6 @@ struct MenuBar {
     MenuItem mnuOptions, optSubdirs, optUseFilters, optShowWelcome;
     MenuItem mnuTools, optFileFilters;
     MenuItem mnuHelp, optHelp_ReportingErrors, sep1, optHelp_About;
-    // A second menu with the same options; Deliberate: no code raises it.
+    // Deliberate: a second menu with the same items, which no code raises.
     MenuItem mnuPopup, optPopupSubdirs, optPopupUseFilters, optBlank, optPopupExit;
 };

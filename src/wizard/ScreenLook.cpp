@@ -20,7 +20,7 @@ void ApplyScreenLook(Form &theForm, const Text &theBackground, int withNext, int
         theForm.Height = FormHeight;
         theForm.Width = FormWidth;
         theForm.Caption = AppTitle;
-        // Deliberate: helpBoxOpen stays as the last screen left it: some screens are left with the box out.
+        // Deliberate: HelpBoxOpen keeps its value, though some screens are left with the box open.
         HelpBoxClosed = true;
         SetPicture(theForm, "btnCloseHelp", "btnClose.jpg");
         if (withNext == 1)
@@ -42,7 +42,7 @@ void ConfirmExit()
     Trap([] {
         int answer = answerYes;
         if (ExitConfirmNeeded)
-            // Deliberate: the third of two buttons is the default: presentations take No for it.
+            // Deliberate: the third of two buttons is the default; presentations make it No.
             answer = MsgBox("Are you sure you want to exit?", msgYesNo + msgStop + msgThirdDefault, "Exit");
         if (answer == answerYes)
             End();

@@ -1,4 +1,4 @@
-// What Ferncastle is.
+// Says what Ferncastle is.
 #pragma once
 #include "toolkit/Controls.h"
 

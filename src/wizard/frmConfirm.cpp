@@ -38,7 +38,7 @@ void Form_Load()
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 1);
         btnExpand.Picture = PictureOf("btnExpand.jpg");
-        // Deliberate: the count shown is the one that frmKeywords left, taken ahead of the file's own.
+        // Deliberate: shows the count that frmKeywords left; the key file is counted only afterwards.
         lblTotalKeywords.Caption = std::to_string(KeywordTotal);
         KeywordTotal = 0;
         frmKeywords::LoadThoseKeywords(lstKeywords, ProjectNumber);

@@ -50,7 +50,7 @@ Image btnBack{
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me};
-// Deliberate: they stand in the help frame's corners with neither a picture nor a handler.
+// Deliberate: these stand in the corners of the help frame and have neither a picture nor a handler.
 Image btnHelpMore{Me, "btnHelpMore", {.At = {606, 378, 22, 22}}};
 Image btnHelpLess{Me, "btnHelpLess", {.At = {732, 378, 22, 22}}};
 MenuBar Menu{Me, menuBeforeProject};
@@ -66,7 +66,7 @@ void Form_Load()
     });
 }
 
-// Takes the lowest number whose directory isn't there; a gap is used again, and the store doesn't count.
+// Takes the lowest number without a project directory. Gaps are filled; a store directory alone doesn't count.
 static void TakeProjectNumber()
 {
     ProjectNumber = "0001";
@@ -79,10 +79,10 @@ static void TakeProjectNumber()
 
 static void MakeProjectDir(const Text &theDir)
 {
-    // Deliberate: createDirectories gives true even when it failed, so these lines never show.
+    // Deliberate: CreateDirectories returns true even if it fails, so these lines are never shown.
     if (!CreateDirectories(theDir))
         ShowMessageLines(
-            // Deliberate: "occured" stands so.
+            // Deliberate: "occured" is spelled so.
             {"An error occured while trying to create the directory:", theDir, "", "btnNext_Click.frmCreate"});
 }
 
@@ -103,7 +103,7 @@ void btnNext_Click()
             return;
         }
         ProjectName = txtProjName.Text;
-        // Deliberate: may come out empty; only what was typed is tested.
+        // Deliberate: the result may be empty; only the text as typed is tested.
         DomainName = CleanDomain(txtDomainName.Text);
         TakeProjectNumber();
         MakeProjectDir(InProgramDir(ProjectNumber + "\\"));

@@ -1,4 +1,4 @@
-// Names a new project, gives out its number and makes its directories.
+// Names a new project, assigns its number and creates its directories.
 #pragma once
 #include "toolkit/Controls.h"
 

@@ -56,8 +56,8 @@ MenuBar Menu{Me, fullMenu};
 void Form_Load()
 {
     Trap([] {
-        // Both pickers start where the program stands. They stay there when the saved directory is gone: the load then
-        // Deliberate: ends in its trap, and the domain box keeps its design text.
+        // Deliberate: both pickers start at the program directory. If the saved directory is gone they stay there: the
+        // load then ends in its trap, and the domain box keeps its design text.
         Drive1.Drive = Paths::ProgramDir();
         Dir1.Path = Paths::ProgramDir();
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
@@ -71,12 +71,12 @@ void Form_Load()
             Dir1.Path = usualDir;
         const Text path = Dir1.Path;
         Drive1.Drive = path;
-        Dir1.Path = path;  // where the drive has changed, it has led to its root
+        Dir1.Path = path;  // a changed drive has moved it to the root of that drive
         txtDomainName.Text = DomainName;
     });
 }
 
-// A drive that holds no medium leaves things as they are.
+// Fails on a drive without a medium, and Dir1 stays where it is.
 void Drive1_Change()
 {
     Trap([] {
@@ -93,7 +93,8 @@ void btnNext_Click()
         if (ifDirExists(store)) {
             PrintToFile(InStoreDir(ProjectNumber + ".dir"), LocalSiteDir + "[]");
             if (txtDomainName.Text == "") {
-                // Deliberate: closed again below, before anybody can read it: the domain stays as it was.
+                // Deliberate: the box is closed again below, before anybody can read it, and the domain stays as it
+                // was.
                 ShowHelpBox(Me, "Domain Name",
                     "To continue, you must enter a domain name for your project.  This is the site that "
                     "Ferncastle will use to find your internal links as well as for other functions.");

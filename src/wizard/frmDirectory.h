@@ -1,4 +1,4 @@
-// Takes the directory of the local site and confirms the domain name.
+// Asks for the directory of the local site and confirms the domain name.
 #pragma once
 #include "toolkit/Controls.h"
 

@@ -29,7 +29,7 @@ Label Label7{Me, "Label7", {.At = {24, 332, 196, 18}, .Caption = "Total Keywords
 Label lblTotalKeywords{Me, "lblTotalKeywords", {.At = {226, 328, 350, 26}, .Style = TextStyle::Value}};
 Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
-// Deliberate: bears no picture and no topic: nothing is to be seen of it.
+// Deliberate: it has neither a picture nor a topic, so it is invisible.
 Image btnHelp1{Me, "btnHelp1", {.At = {554, 60, 22, 22}}};
 HelpFrame Help{Me};
 MenuBar Menu{Me, fullMenu};

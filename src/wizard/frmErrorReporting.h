@@ -1,4 +1,4 @@
-// Where to report an error.
+// Says where to report an error.
 #pragma once
 #include "toolkit/Controls.h"
 

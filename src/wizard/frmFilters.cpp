@@ -35,7 +35,7 @@ HelpTopic hlpRemoveFilter{Me, "hlpRemoveFilter", {230, 159}, "Remove a Filter",
     "until you click Done."};
 Image btnClearList{
     Me, "btnClearList", {.At = {128, 196, 92, 32}, .AccessibleName = "Clear", .Click = btnClearList_Click}};
-// Deliberate: promises more than the option keeps: only the one on the run's own screen is ever read.
+// Deliberate: the text promises too much: only the option on frmProcess has an effect.
 HelpTopic hlpClearList{Me, "hlpClearList", {230, 201}, "Clear the List",
     "Clicking the Clear button will remove all the filters from your list.  Be careful with this one:  while filters "
     "are turned on and the list is empty, none of your pages will be expanded.  If you would rather do without "
@@ -77,7 +77,7 @@ void Form_Load()
 {
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 0, 0);
-        // Deliberate: "filtrered" stands so.
+        // Deliberate: "filtrered" is spelled so.
         lblDetails.Caption =
             "Filters let you specify which types of files you'd like to include in the expansion process.\r\n"
             "\r\n"
@@ -94,7 +94,7 @@ void Form_Load()
             SetDefaultRows();
         else
             lblFilterCount.Caption = std::to_string(LoadListFromFile("lst", ProjectNumber + "_store\\filters", List1));
-        // The pictures come last: a run asks this screen for its rows, and a missing picture must not cost it those.
+        // The pictures come last, so that a missing one doesn't cost a run the filters that it reads here.
         btnAddFilter.Picture = PictureOf("btnAddFilter.jpg");
         btnRemoveFilter.Picture = PictureOf("btnRemove.jpg");
         btnClearList.Picture = PictureOf("btnClear.jpg");
@@ -121,7 +121,7 @@ void Text1_KeyPress(int &KeyAscii)
     Trap([&] {
         if (KeyAscii != 13 || Text1.Text == "")
             return;
-        // Deliberate: as typed, where the button makes it lower case.
+        // Deliberate: added as typed; only the button makes it lower case.
         AddFilter(Text1.Text);
     });
 }
@@ -130,7 +130,7 @@ void btnRemoveFilter_Click()
 {
     Trap([] {
         if (List1.ListIndex < 0) {
-            // Deliberate: speaks of a keyword, though it is a filter.
+            // Deliberate: the text says keyword, though it means a filter.
             ShowHelpBox(Me, "Nothing Selected",
                 "\r\nYou must select a keyword to be removed by clicking on the keyword in the keyword list");
             return;
@@ -163,7 +163,7 @@ void btnClearList_Click()
 void btnResetList_Click()
 {
     Trap([] {
-        // Deliberate: asks in the words of the Clear button.
+        // Deliberate: asks the same question as the Clear button.
         if (ConfirmClear())
             SetDefaultRows();
     });
@@ -173,7 +173,7 @@ void btnDone_Click()
 {
     Trap([] {
         SaveListToFile("lst", ProjectNumber + "_store\\filters", List1);
-        // Deliberate: kept up for its own sake: nothing reads it.
+        // Deliberate: written although nothing reads it.
         SaveMarkedFile(InProgramDir("LastProjFilters.chk"), ProjectNumber, 1);
         Me.Unload();
     });

@@ -1,9 +1,9 @@
-// The extension filters of a project; List1 is asked by the run.
+// Edits the extension filters of a project; the run reads List1.
 #pragma once
 #include "toolkit/Controls.h"
 
 namespace frmFilters
 {
 extern Form Me;
-extern ListBox List1;  // the rows, compared with the last three letters of a name
+extern ListBox List1;  // the filters, compared with the last three letters of a file name
 }  // namespace frmFilters

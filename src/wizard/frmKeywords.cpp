@@ -18,7 +18,7 @@ void Form_Load(), Label2_Click(), btn_AddKeyword_Click(), btnLoadKeywords_Click(
     btnKeywordClear_Click(), btnBack_Click(), btnNext_Click();
 void Text1_KeyPress(int &KeyAscii);
 
-// What stays on the help box once it is closed.
+// The heading of the help box while it is closed.
 static const char *const restingHeading = "Keyword Entry";
 
 Form Me{"frmKeywords", {.Load = Form_Load}};
@@ -84,7 +84,7 @@ Image btnNext{
 HelpFrame Help{Me, restingHeading};
 MenuBar Menu{Me, fullMenu};
 
-// Above 0 only while btnLoadKeywords is at work.
+// Above 0 only while btnLoadKeywords_Click runs.
 static int LoadFlag = 0;
 
 static constexpr std::int64_t longestKeyword = 100000;
@@ -127,7 +127,7 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
             file = InProgramDir(number + "_store\\" + number + ".key");
         }
         if (!ifFileExists(file)) {
-            // Deliberate: a path of three characters counts as done, with the help box alone.
+            // Deliberate: a path of three characters only opens the help box; the result is that of a success.
             if (Len(file) == 3)
                 ShowHelpBox(Me, "Invalid Filename",
                     file + " is an invalid file name:  Please provide the direct location to the file containing "
@@ -139,7 +139,8 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
                 Result = 2;
             return;
         }
-        // Deliberate: the rules for a keyword bind typing alone: rows are taken as they are, empty ones too.
+        // Deliberate: the rules for keywords apply only to typing; the lines of a file are taken as they are, even
+        // empty.
         const Text text = Files::Read(file);
         std::size_t from = 0;
         for (int i = 0; i < mostKeywords; ++i) {
@@ -154,7 +155,7 @@ std::int16_t LoadThoseKeywords(ListBox &theList, Text theKeyFile)
             }
             theList.AddItem(text.substr(from, end - from));
             ++KeywordTotal;
-            // Deliberate: two characters behind every line, be the second an LF or the head of the next keyword.
+            // Deliberate: skips two characters after each line, even if the second one belongs to the next keyword.
             from = std::min(end + 2, text.size());
         }
     });
@@ -197,7 +198,7 @@ void Label2_Click()
     Trap([] { btn_AddKeyword_Click(); });
 }
 
-// With the box out on this very topic it only beeps: showing it again would slide it shut.
+// Only beeps while the box already shows this topic: showing it again would close the box.
 static void RefusePlus()
 {
     if (HelpBoxClosed || Help.textHBHeading.Caption != "Invalid Character")
@@ -209,7 +210,7 @@ static void RefusePlus()
 void Text1_KeyPress(int &KeyAscii)
 {
     Trap([&] {
-        // Deliberate: the character itself stays in the box.
+        // Deliberate: the character itself stays in the text box.
         if (KeyAscii == '+')
             RefusePlus();
         if (KeyAscii != 13 || Text1.Text == "")
@@ -248,19 +249,19 @@ void btnLoadKeywords_Click()
         LoadFlag = 1;
         CDOPEN.Filter = "Text Files (*.txt)|*.txt|(*.*)|*.*|";
         CDOPEN.ShowOpen();
-        // Deliberate: a cancelled dialog leaves no name, and is told of like a file that isn't there.
+        // Deliberate: a cancelled dialog leaves no name, and gets the same message as a missing file.
         Text2.Text = CDOPEN.FileName;
         if (LoadThoseKeywords(lstKeywords, Text2.Text) == 2)
             ShowMessageLines({"The file:  " + Text2.Text, " is non-existent or an invalid file type", "",
                 "btnLoadKeywords.frmKeywords"});
     });
-    // Behind the trap: after a failure too, the next name is a project's again.
+    // Outside the trap: after a failure, too, LoadThoseKeywords takes project numbers again.
     ShowCount();
     LoadFlag = 0;
 }
 
-// Puts the list in order of length, equal lengths in their former order, and writes the key file. Has no trap: where
-// the file cannot be written, the handler that called ends and the screen stays.
+// Sorts the list by length, equal lengths in their former order, and writes the key file. Has no trap: if the file
+// can't be written, the calling handler ends and the screen stays.
 static void SortAndSave()
 {
     std::vector<Text> staying, sorted;
@@ -271,7 +272,7 @@ static void SortAndSave()
     for (std::size_t i = 0; i < sorted.size(); ++i)
         text += (i == 0 ? "" : CRLF) + sorted[i];
     List2.SetRows(sorted);
-    // Deliberate: an empty row, or too long a one, stays in the list ahead of the others, uncounted and unwritten.
+    // Deliberate: an empty or overlong row stays in the list, ahead of the others, but is neither counted nor written.
     staying.insert(staying.end(), sorted.begin(), sorted.end());
     lstKeywords.SetRows(std::move(staying));
     KeywordTotal = List2.ListCount();

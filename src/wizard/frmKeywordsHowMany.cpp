@@ -12,7 +12,7 @@ namespace frmKeywordsHowMany
 {
 void Form_Load(), btnBack_Click(), btnNext_Click();
 
-// Deliberate: the two blanks in "your site  by" stand so.
+// Deliberate: the two blanks in "your site  by" are part of the text.
 static Text Description(const Text &theNewFileName)
 {
     return "As your site is expanded, Ferncastle will greatly increase your keyword density and the page rank of every "
@@ -52,7 +52,7 @@ void Form_Load()
         if (LowerText(txtKeywordsPerFilename.Text) == "filenotexist")
             txtKeywordsPerFilename.Text = "3";
         KeywordsPerFilename = NumberAtStart(txtKeywordsPerFilename.Text);
-        // Deliberate: no new name ever begins with the old one; the help topic shows the true form.
+        // Deliberate: new names never begin with the old one; the help topic shows their real form.
         lblDesc.Caption = Description("contact-451534-rates-refinance-mortgage.htm");
     });
 }

@@ -50,7 +50,7 @@ void Form_Load()
         hlpList.Picture = PictureOf("btnHelp.jpg");
         File1.Pattern = "*.pro";
         File1.Path = Paths::ProgramDir();
-        // Deliberate: nothing ever shows them again: a project cannot be removed.
+        // Deliberate: nothing ever shows them again, so a project can't be removed.
         btnRemove.Visible = false;
         hlpRemove.Visible = false;
         Command2.Visible = false;
@@ -82,7 +82,7 @@ Text getProjectName(const Text &theNumber, int which)
     Trap([&] {
         const Text name = theNumber + (which < 1 ? ".name" : ".dom");
         const Text file = InProgramDir(theNumber + "_store\\" + name);
-        // Deliberate: without "_store", though the file is looked for there.
+        // Deliberate: the message leaves out "_store", though that is where the file is looked for.
         const Text shownFile = InProgramDir(theNumber + "\\" + name);
         if (!ifFileExists(file)) {
             ShowMessageLines({"Error:", "The project storage file:", shownFile, "could not be found.", "",
@@ -92,7 +92,7 @@ Text getProjectName(const Text &theNumber, int which)
         const Text text = Files::Read(file);
         const std::int64_t end = FindText(1, text, "[]");
         if (end == 0) {
-            // Deliberate: "delimeters" stands so.
+            // Deliberate: "delimeters" is spelled so.
             ShowMessageLines({"Error:",
                 "A valid project name could not be found due to the lack of the proper delimeters [] "
                 "being found in file:",
@@ -122,7 +122,7 @@ void btnNext_Click()
             ProjectNumber = lstProjNums.List(row);
             DomainName = lstDomainNames.List(row);
         } else {
-            // Deliberate: the complaint doesn't hold anybody back: the move is made with the globals as they stand.
+            // Deliberate: the complaint doesn't stop the move, which is made with the globals as they are.
             ShowHelpBox(Me, "Load Error",
                 "Please select a project to load by clicking on it in the list or return to the main menu to "
                 "create a new project.");
@@ -143,7 +143,7 @@ void btnBack_Click()
     });
 }
 
-// Hidden for good. It forgets the file of a project, never the project's directories.
+// Its button is always hidden. Deletes the "*.pro" file of a project, never the project's directories.
 void btnRemove_Click()
 {
     Trap([] {
@@ -164,7 +164,7 @@ void btnRemove_Click()
     });
 }
 
-// Hidden for good: shows whether the three lists are in step.
+// Its button is always hidden. Shows whether the three lists are in step.
 void Command2_Click()
 {
     Trap([] {

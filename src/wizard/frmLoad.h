@@ -1,4 +1,4 @@
-// Lists the saved projects and takes one of them.
+// Lists the saved projects and loads one of them.
 #pragma once
 #include "toolkit/Controls.h"
 
@@ -6,10 +6,10 @@ namespace frmLoad
 {
 extern Form Me;
 
-// Adds the projects from 0001 on up to the first whose store is missing to the three lists of the screen. ProjectName
-// and DomainName are left with the values of the last one.
+// Adds the projects, from 0001 to the last one before a store is missing, to the three lists of the screen. Leaves
+// ProjectName and DomainName with the values of the last project.
 void LoadProjectList();
-// The saved name of project theNumber, its saved domain when which is 1 or more. AccessibleName so and gives empty text
-// where there is none.
+// The saved name of project theNumber, or its saved domain if which is 1 or more. If there is none, tells the user and
+// returns empty text.
 Text getProjectName(const Text &theNumber, int which);
 }  // namespace frmLoad

@@ -74,7 +74,7 @@ void btnLoad_Click()
     Trap([] { LoadIfThereIs("0001"); });
 }
 
-// Deliberate: looks at another directory than btnLoad and lblLoad2 do.
+// Deliberate: looks for another directory than btnLoad and lblLoad2 do.
 void lblLoad1_Click()
 {
     Trap([] { LoadIfThereIs("0001_store"); });
@@ -89,7 +89,7 @@ void btnCreate_Click()
     });
 }
 
-// Deliberate: unlike btnCreate it leaves an open help box to the next screen.
+// Deliberate: unlike btnCreate, it doesn't close an open help box.
 void lblCreate1_Click()
 {
     Trap([] {

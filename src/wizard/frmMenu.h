@@ -1,4 +1,4 @@
-// The main menu: the program, its questions and answers, its support.
+// The main menu: start, read the FAQ or contact support.
 #pragma once
 #include "toolkit/Controls.h"
 

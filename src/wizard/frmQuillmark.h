@@ -1,4 +1,4 @@
-// Asks whether the new file names follow the sibling tool Quillmark.
+// Asks whether Quillmark is in use; the new file names then come from the dictionary.
 #pragma once
 #include "toolkit/Controls.h"
 

@@ -14,7 +14,7 @@ Form Me{"frmWelcome", {.Load = Form_Load}};
 Label lblTitle{Me, "lblTitle", {.At = {24, 12, 380, 24}, .Caption = "Welcome", .Style = TextStyle::Title}};
 Label Label1{Me, "Label1", {.At = {24, 92, 400, 22}, .Caption = "Welcome to", .Style = TextStyle::SubTitle}};
 Image imgTitle{Me, "imgTitle", {.At = {24, 124, 420, 96}, .AccessibleName = "Ferncastle"}};
-// Deliberate: "the number of page" stands so.
+// Deliberate: "the number of page" is part of the text.
 HelpTopic hlpWelcome{Me, "hlpWelcome", {554, 161}, "Ferncastle",
     "Ferncastle is dedicated to getting more search engine attention to your site by employing several methods.  First "
     "of all it's going to increase the size of your site by roughly the number of pages your site contains multiplied "
@@ -34,7 +34,7 @@ Label Label3{Me, "Label3", {.At = {50, 330, 400, 20}, .Caption = "Don't show thi
 Image btnNext{
     Me, "btnNext", {.At = {484, 372, 92, 34}, .AccessibleName = "Next", .As = Role::Next, .Click = btnNext_Click}};
 HelpFrame Help{Me};
-// Deliberate: none of its items does anything on this screen.
+// Deliberate: no item does anything on this screen.
 MenuBar Menu{Me, {}};
 
 void Form_Load()
@@ -47,7 +47,7 @@ void Form_Load()
     });
 }
 
-// Deliberate: the box starts unticked on every showing, whatever is saved.
+// Deliberate: the box starts unticked each time the screen is shown, whatever is saved.
 void chkHideWelcome_Click()
 {
     Trap([] { SaveVariable("ShowWelcome", chkHideWelcome.Value ? "0" : "1", 0); });

@@ -135,7 +135,7 @@ TEST_F(ReportTest, TheBrowserScreensSizeTheirControls)
     frmReport::Me.Show();
     UserResize(frmReport::Me, Twips(370), Twips(1500));  // neither is above its limit
     EXPECT_DOUBLE_EQ(frmReport::FinalReportBrowser.Now.At.Height, 740 - 117 - 24);
-    // frmHelp asks for the size of frmReport, not for its own: small as that is, nothing is sized.
+    // frmHelp compares the size of frmReport, not its own, with the limits: that one is small, so nothing is sized.
     frmHelp::Me.Show();
     EXPECT_DOUBLE_EQ(frmHelp::FinalReportBrowser.Now.At.Height, 0);
     frmHelp::Me.Unload();

@@ -6,7 +6,7 @@
 
 namespace
 {
-// There are no record files here: the rows are then made from what the boxes hold.
+// There are no record files here, so the rows are made from what the boxes hold.
 Text Tabulated(const Text &theFiles, const Text &theLinks)
 {
     frmLists::rtbReportTemp.Text = theFiles;
@@ -63,7 +63,7 @@ TEST(Records, TheExtensionIsCountedInTheLinkAndTakenFromTheFile)
 {
     DomainName = "site.test";
     frmLists::lstMediaExtensions.SetRows({"---", "gif", "ZIP", "tar"});
-    // Without a dot it is the whole file part; "?v=1.abc" has just as many letters behind its dot as the file.
+    // Without a dot the extension is the whole file part; "?v=1.abc" has as many letters after its dot as the file.
     for (const char *link : {"pic.gif", "imgs/pic.gif", "imgs\\pic.gif", "a.ZIP", "gif", "pic.gif?v=1.abc"})
         EXPECT_EQ(isLinkMedia(link), 3) << link;
     for (const char *link : {"pic.gif?v=2", "pic.gif#top", "PIC.GIF", "a.zip", "a.gif.htm", "a.htm?.tar", "agif", ""})

@@ -39,7 +39,7 @@ TEST_F(LastScreens, SortsByLengthAndLeavesEmptyRowsBehind)
     frmKeywords::Me.Show();
     Keywords().SetRows({"bb", "", "a"});
     std::filesystem::remove_all(program / "0001_store");
-    Click(frmKeywords::Me, "btnNext");  // the write fails behind the sort, so the screen stays
+    Click(frmKeywords::Me, "btnNext");  // the write fails after the sort, so the screen stays
     EXPECT_EQ(Keywords().Rows(), (Rows{"", "a", "bb"}));
 }
 
@@ -69,7 +69,7 @@ TEST_F(LastScreens, KeysOfTheKeywordBox)
     Type(frmKeywords::Me, "a+");
     EXPECT_EQ(The<TextBox>(frmKeywords::Me, "Text1").Text, "a+");
     Type(frmKeywords::Me, "\r");
-    EXPECT_TRUE(HelpBoxOpen);  // a second slide would have shut it
+    EXPECT_TRUE(HelpBoxOpen);  // a second slide would have closed it
     EXPECT_EQ(front.Beeps, 2);
     Click(frmKeywords::Me, "btn_AddKeyword");
     EXPECT_EQ(Keywords().ListCount(), 1);
