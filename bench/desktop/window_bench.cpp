@@ -242,7 +242,7 @@ int RunInWindows(int &theCount, char **theWords, std::vector<Action> theScript)
 {
     Application::PrepareProcess();
     QApplication application(theCount, theWords);
-    Application::Dress();
+    Application::ApplyStyle();
     Desktop windows;
     desktop = &windows;
     user = new User(std::move(theScript));

@@ -83,29 +83,29 @@ void Pages::Open(const QUrl &theUrl)
     });
 }
 
-bool Pages::Goes(const QUrl &theUrl)
+bool Pages::BeforeNavigate(const QUrl &theUrl)
 {
     PendingWrites::Flush();
     const Text address = AddressOf(theUrl);
     if (!BrowserGoes(browser, address))
         return false;
     browser.NowAddress = address;
-    Says("Opening " + address);
+    ShowStatus("Opening " + address);
     return true;
 }
 
-void Pages::Titled(const QString &theTitle)
+void Pages::ShowTitle(const QString &theTitle)
 {
     BrowserTitled(browser, theTitle.isEmpty() ? NameOf(Address()) : FromQString(theTitle));
 }
 
-void Pages::Says(const Text &theStatus)
+void Pages::ShowStatus(const Text &theStatus)
 {
     status = theStatus;
     BrowserSays(browser, status);
 }
 
-void Pages::PointsAt(const QUrl &theLink)
+void Pages::ShowLink(const QUrl &theLink)
 {
     BrowserSays(browser, theLink.isEmpty() ? status : AddressOf(theLink));
 }

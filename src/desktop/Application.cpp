@@ -43,11 +43,11 @@ static QAccessibleInterface *DescribeWindow(const QString &theClass, QObject *th
                : nullptr;
 }
 
-void Dress()
+void ApplyStyle()
 {
     QAccessible::installFactory(DescribeWindow);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setPalette(Theme::WholePalette());
+    QApplication::setPalette(Theme::LightPalette());
     Theme::LoadFonts();
     QApplication::setFont(Theme::FontOf(TextStyle::Body));
     FocusRing::Watch();

@@ -11,14 +11,14 @@
 namespace Boxes
 {
 // Plain text throughout, to be copied into a report of an error, and buttons in the look of the screens.
-static void Dress(QMessageBox &theBox)
+static void ApplyStyle(QMessageBox &theBox)
 {
     // The informative text too, at whose kind the box would guess.
     for (auto *label : theBox.findChildren<QLabel *>())
         label->setTextFormat(Qt::PlainText);
     theBox.setTextFormat(Qt::PlainText);
     theBox.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    theBox.setStyleSheet(Theme::BoxStyle());
+    theBox.setStyleSheet(Theme::MessageBoxStyle());
     theBox.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowCloseButtonHint);
     for (QAbstractButton *button : theBox.buttons())
@@ -57,7 +57,7 @@ int Ask(
         QCheckBox optOut(QObject::tr("Don't show this message again during this run"));
         if (hasOptOut)
             box.setCheckBox(&optOut);
-        Dress(box);
+        ApplyStyle(box);
         box.exec();
         wantsNoMore = hasOptOut && optOut.isChecked();
         box.setCheckBox(nullptr);
@@ -66,7 +66,7 @@ int Ask(
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(theFlags & msgThirdDefault ? QMessageBox::No : QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
-    Dress(box);
+    ApplyStyle(box);
     return box.exec() == QMessageBox::Yes ? answerYes : answerNo;
 }
 
@@ -89,13 +89,13 @@ QString ChooseFile(QWidget *theParent, const Text &theFilter, const QString &the
     return QFileDialog::getOpenFileName(theParent, QObject::tr("Open"), theStart, FiltersOf(theFilter));
 }
 
-void TellFailure(QWidget *theParent, const RuntimeFailure &theFailure)
+void ShowFailure(QWidget *theParent, const RuntimeFailure &theFailure)
 {
     QMessageBox box(
         QMessageBox::Critical, ToQString(DefaultBoxTitle), QObject::tr("Run-time failure"), QMessageBox::Ok, theParent);
     box.setInformativeText(Breakable(theFailure.What + "\r\n\r\n" + theFailure.Where) +
                            QObject::tr("\n\nThe program ends now. What it has written so far stays."));
-    Dress(box);
+    ApplyStyle(box);
     box.exec();
 }
 
@@ -107,7 +107,7 @@ bool WantsToWait(QWidget *theParent, const Text &theWhere, const Text &theWhy)
     box.setInformativeText(Breakable(theWhy + "\r\n\r\n" + theWhere));
     const QPushButton *wait = box.addButton(QObject::tr("Wait"), QMessageBox::RejectRole);
     box.setDefaultButton(box.addButton(QObject::tr("End Program"), QMessageBox::AcceptRole));
-    Dress(box);
+    ApplyStyle(box);
     box.exec();
     return box.clickedButton() == wait;
 }

@@ -13,7 +13,7 @@ int Ask(
 // Asks for an existing file; theFilter is "Words (*.txt)|*.txt|(*.*)|*.*|". Starts in theStart, a directory of the
 // host. Returns the path of the host, empty when the user cancelled.
 QString ChooseFile(QWidget *theParent, const Text &theFilter, const QString &theStart);
-void TellFailure(QWidget *theParent, const RuntimeFailure &theFailure);
+void ShowFailure(QWidget *theParent, const RuntimeFailure &theFailure);
 // Tells of a loop that can never end. True when the user wants to wait all the same.
 bool WantsToWait(QWidget *theParent, const Text &theWhere, const Text &theWhy);
 }  // namespace Boxes

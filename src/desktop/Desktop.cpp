@@ -52,7 +52,7 @@ Window *Desktop::WindowOf(const Form &theForm) const
     return found == windows.end() ? nullptr : found->second.get();
 }
 
-QWidget *Desktop::Foremost() const
+QWidget *Desktop::FrontWindow() const
 {
     if (QWidget *active = QApplication::activeWindow())
         return active;
@@ -91,7 +91,7 @@ void Desktop::Show(Form &theForm)
     const bool isElsewhere = !order.empty() && QGuiApplication::applicationState() != Qt::ApplicationActive;
     const bool isNew = !window;
     if (isNew) {
-        const QWidget *before = Foremost();
+        const QWidget *before = FrontWindow();
         window = std::make_unique<Window>(theForm, before ? before->screen() : nullptr);
         connect(window.get(), &Window::HandlerRan, this, &Desktop::ShowChanges);
         Place(*window);
@@ -115,10 +115,10 @@ void Desktop::Show(Form &theForm)
         window->activateWindow();
     }
     if (isNew) {
-        window->GiveFocus(std::exchange(focusWanted[&theForm], nullptr));
+        window->SetInitialFocus(std::exchange(focusWanted[&theForm], nullptr));
         for (Element *element : theForm.Elements()) {
             if (auto *timer = dynamic_cast<Timer *>(element))
-                FollowTimer(*timer);
+                UpdateTimer(*timer);
             if (auto *browser = dynamic_cast<Browser *>(element); browser && addressWanted.contains(browser))
                 Navigate(*browser, addressWanted[browser]);
         }
@@ -159,14 +159,14 @@ void Desktop::Unload(Form &theForm)
 void Desktop::Changed(Element &theElement)
 {
     if (auto *timer = dynamic_cast<Timer *>(&theElement)) {
-        FollowTimer(*timer);
+        UpdateTimer(*timer);
         return;
     }
     Window *window = WindowOf(theElement.Owner);
     if (!window)
         return;
     if (&theElement == &theElement.Owner)
-        window->FollowSize();
+        window->ApplySize();
     if (changed.empty())
         QMetaObject::invokeMethod(this, &Desktop::ShowChanges, Qt::QueuedConnection);
     changed.insert(&theElement);
@@ -184,13 +184,13 @@ void Desktop::Focus(Control &theControl)
 {
     if (Window *window = WindowOf(theControl.Owner)) {
         ShowChanges();
-        window->GiveFocus(&theControl);
+        window->SetInitialFocus(&theControl);
     } else {
         focusWanted[&theControl.Owner] = &theControl;
     }
 }
 
-void Desktop::FollowTimer(Timer &theTimer)
+void Desktop::UpdateTimer(Timer &theTimer)
 {
     if (!theTimer.Owner.Loaded || !theTimer.Now.Enabled || theTimer.Now.Interval <= 0) {
         if (const auto found = timers.find(&theTimer); found != timers.end())
@@ -209,7 +209,7 @@ void Desktop::FollowTimer(Timer &theTimer)
     timer->start(theTimer.Now.Interval);
 }
 
-void Desktop::Serve(QEventLoop::ProcessEventsFlags theFlags)
+void Desktop::ProcessEvents(QEventLoop::ProcessEventsFlags theFlags)
 {
     ShowChanges();
     Actions::Serving(true);
@@ -222,14 +222,14 @@ void Desktop::DoEvents()
 {
     Actions::Yielded();
     if (Clock::now() >= nextYield)
-        Serve(QEventLoop::AllEvents);
+        ProcessEvents(QEventLoop::AllEvents);
 }
 
 void Desktop::WaitEvents()
 {
     Actions::Yielded();
     const bool hasMore = PendingWrites::HasAny();
-    Serve(hasMore ? QEventLoop::AllEvents : QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    ProcessEvents(hasMore ? QEventLoop::AllEvents : QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
 void Desktop::PaintNow()
@@ -238,7 +238,7 @@ void Desktop::PaintNow()
     for (const Element *element : changed)
         stale.insert(&element->Owner);
     const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
-    Serve(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    ProcessEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     // Serving alone leaves the painting for a little later.
     for (const Form *form : stale)
         if (Window *window = WindowOf(*form))
@@ -259,10 +259,11 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
     if (times < 0 && !(theFlags & msgYesNo))
         return answerOK;
     // A run that waits for an answer behind other windows would wait for ever.
-    if (QWidget *window = Foremost(); window && QGuiApplication::applicationState() != Qt::ApplicationActive)
+    if (QWidget *window = FrontWindow(); window && QGuiApplication::applicationState() != Qt::ApplicationActive)
         QApplication::alert(window);
     bool wantsNoMore = false;
-    const int Result = Boxes::Ask(Foremost(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore);
+    const int Result =
+        Boxes::Ask(FrontWindow(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore);
     if (theFlags & msgYesNo)
         Actions::Answered(Result == answerYes);
     else
@@ -277,7 +278,7 @@ Text Desktop::OpenFile(const Text &theFilter)
     ShowChanges();
     if (lastDirectory.isEmpty())
         lastDirectory = ToQString(Files::ToHost(Paths::ProgramDir()));
-    const QString file = Boxes::ChooseFile(Foremost(), theFilter, lastDirectory);
+    const QString file = Boxes::ChooseFile(FrontWindow(), theFilter, lastDirectory);
     if (!file.isEmpty())
         lastDirectory = QFileInfo(file).path();
     const Text Result = file.isEmpty() ? Text() : Paths::FromHost(FromQString(file));
@@ -325,7 +326,7 @@ void Desktop::Stop(Browser &theBrowser)
 void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
 {
     ShowChanges();
-    while (Boxes::WantsToWait(Foremost(), theWhere, theWhy)) {
+    while (Boxes::WantsToWait(FrontWindow(), theWhere, theWhy)) {
         // The program stands still; its windows are painted, and take nothing.
         const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
         for (const auto until = Clock::now() + AskAgainAfter; Clock::now() < until;)
@@ -336,7 +337,7 @@ void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
 void Desktop::Failure(const RuntimeFailure &theFailure)
 {
     ShowChanges();
-    Boxes::TellFailure(Foremost(), theFailure);
+    Boxes::ShowFailure(FrontWindow(), theFailure);
 }
 
 void Desktop::Ended(int theCode)

@@ -46,10 +46,10 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
     void Place(Window &theWindow);
-    void FollowTimer(Timer &theTimer);
+    void UpdateTimer(Timer &theTimer);
     void ShowChanges();
-    void Serve(QEventLoop::ProcessEventsFlags theFlags);
-    QWidget *Foremost() const;
+    void ProcessEvents(QEventLoop::ProcessEventsFlags theFlags);
+    QWidget *FrontWindow() const;
 
     std::map<const Form *, std::unique_ptr<Window>> windows;
     std::vector<Form *> order;  // of the showing screens, the foremost last

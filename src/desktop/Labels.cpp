@@ -16,7 +16,7 @@ TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
     setTextFormat(Qt::PlainText);
     setFont(Theme::FontOf(label.Design.Style));
     QPalette colours = palette();
-    colours.setColor(QPalette::WindowText, Theme::InkOf(label.Design.Style));
+    colours.setColor(QPalette::WindowText, Theme::TextColourOf(label.Design.Style));
     setPalette(colours);
     setWordWrap(!isOneLine);
     const int lineHeight = fontMetrics().lineSpacing();
@@ -70,7 +70,7 @@ void TextLabel::paintEvent(QPaintEvent *theEvent)
         fontMetrics().elidedText(text(), Qt::ElideMiddle, place.width()));
 }
 
-HelpReading::HelpReading(Label &theLabel, QWidget *theParent) : QTextEdit(theParent), label(theLabel)
+HelpTextView::HelpTextView(Label &theLabel, QWidget *theParent) : QTextEdit(theParent), label(theLabel)
 {
     setReadOnly(true);
     setTabChangesFocus(true);
@@ -80,11 +80,11 @@ HelpReading::HelpReading(Label &theLabel, QWidget *theParent) : QTextEdit(thePar
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(0);
     setViewportMargins(0, 0, 4, 0);
-    setStyleSheet(Theme::ReadingStyle());
+    setStyleSheet(Theme::HelpTextStyle());
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
-void HelpReading::Update()
+void HelpTextView::Update()
 {
     if (const QString words = ToQString(label.Now.Caption); words != toPlainText())
         setPlainText(words);

@@ -27,11 +27,11 @@ private:
 };
 
 // The text of the help box: scrolls where it is longer than its place, and breaks inside a long word.
-class HelpReading : public QTextEdit
+class HelpTextView : public QTextEdit
 {
     Q_OBJECT
 public:
-    HelpReading(Label &theLabel, QWidget *theParent);
+    HelpTextView(Label &theLabel, QWidget *theParent);
     void Update();
 
 private:

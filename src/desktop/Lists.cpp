@@ -12,7 +12,7 @@
 #include <QStyledItemDelegate>
 #include <map>
 
-static void Dress(QListView &theView)
+static void ApplyStyle(QListView &theView)
 {
     theView.setFont(Theme::FontOf(TextStyle::Body));
     theView.setUniformItemSizes(true);
@@ -45,12 +45,12 @@ static bool IsEnter(const QKeyEvent &theEvent)
     return theEvent.key() == Qt::Key_Return || theEvent.key() == Qt::Key_Enter;
 }
 
-int RowsModel::rowCount(const QModelIndex &theParent) const
+int ListBoxModel::rowCount(const QModelIndex &theParent) const
 {
     return theParent.isValid() ? 0 : static_cast<int>(list.NowRows.size());
 }
 
-QVariant RowsModel::data(const QModelIndex &theIndex, int theRole) const
+QVariant ListBoxModel::data(const QModelIndex &theIndex, int theRole) const
 {
     const auto row = static_cast<std::size_t>(theIndex.row());
     if ((theRole != Qt::DisplayRole && theRole != Qt::ToolTipRole) || row >= list.NowRows.size())
@@ -59,22 +59,22 @@ QVariant RowsModel::data(const QModelIndex &theIndex, int theRole) const
     return theRole == Qt::ToolTipRole ? ToolTipText(words) : words;
 }
 
-void RowsModel::Reread()
+void ListBoxModel::Reset()
 {
     beginResetModel();
     endResetModel();
 }
 
-RowList::RowList(ListBox &theList, QWidget *theParent)
-    : QListView(theParent), list(theList), rows(new RowsModel(theList, this))
+ListBoxView::ListBoxView(ListBox &theList, QWidget *theParent)
+    : QListView(theParent), list(theList), rows(new ListBoxModel(theList, this))
 {
-    Dress(*this);
+    ApplyStyle(*this);
     setModel(rows);
     FollowSelection(*this);
     connect(this, &QListView::doubleClicked, this, [this] { Actions::DoubleClick(list); });
 }
 
-void RowList::Update()
+void ListBoxView::Update()
 {
     if (isHidden())
         return;
@@ -83,7 +83,7 @@ void RowList::Update()
         revision = list.Revision();
         const int top = verticalScrollBar()->value();
         const int before = rowsShown;
-        rows->Reread();
+        rows->Reset();
         rowsShown = rows->rowCount();
         // A row that has been added is seen.
         if (rowsShown == before + 1)
@@ -99,14 +99,14 @@ void RowList::Update()
     }
 }
 
-void RowList::currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious)
+void ListBoxView::currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious)
 {
     QListView::currentChanged(theCurrent, thePrevious);
     if (!isUpdating && theCurrent.isValid() && theCurrent.row() != list.NowIndex)
         Actions::Select(list, theCurrent.row());
 }
 
-void RowList::keyPressEvent(QKeyEvent *theEvent)
+void ListBoxView::keyPressEvent(QKeyEvent *theEvent)
 {
     if (IsEnter(*theEvent) && list.Design.DblClick)
         Actions::DoubleClick(list);
@@ -139,22 +139,22 @@ static QPixmap FolderPicture(int theDepth, bool isOpen)
     return Result;
 }
 
-int DirRowsModel::ViewRow(int theIndex) const
+int DirListModel::ViewRow(int theIndex) const
 {
     return depth + theIndex;
 }
 
-int DirRowsModel::ListRow(int theViewRow) const
+int DirListModel::ListRow(int theViewRow) const
 {
     return theViewRow - depth;
 }
 
-int DirRowsModel::rowCount(const QModelIndex &theParent) const
+int DirListModel::rowCount(const QModelIndex &theParent) const
 {
     return theParent.isValid() ? 0 : depth + list.ListCount();
 }
 
-QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
+QVariant DirListModel::data(const QModelIndex &theIndex, int theRole) const
 {
     const int row = ListRow(theIndex.row());
     const Text path = list.List(row);
@@ -170,7 +170,7 @@ QVariant DirRowsModel::data(const QModelIndex &theIndex, int theRole) const
     return ToQString(path.size() == 3 ? path : path.substr(path.find_last_of('\\') + 1));
 }
 
-void DirRowsModel::Reread()
+void DirListModel::Reset()
 {
     beginResetModel();
     depth = list.Depth();
@@ -188,17 +188,17 @@ class FolderDelegate : public QStyledItemDelegate
     }
 };
 
-DirRows::DirRows(DirList &theList, QWidget *theParent)
-    : QListView(theParent), list(theList), rows(new DirRowsModel(theList, this))
+DirListView::DirListView(DirList &theList, QWidget *theParent)
+    : QListView(theParent), list(theList), rows(new DirListModel(theList, this))
 {
-    Dress(*this);
+    ApplyStyle(*this);
     setModel(rows);
     setItemDelegate(new FolderDelegate(this));
     FollowSelection(*this);
-    connect(this, &QListView::doubleClicked, this, &DirRows::GoToRow);
+    connect(this, &QListView::doubleClicked, this, &DirListView::GoToRow);
 }
 
-void DirRows::Update()
+void DirListView::Update()
 {
     // The run walks with a list that nobody sees: else it would tell screen readers of each directory as of the focus.
     if (isHidden())
@@ -207,7 +207,7 @@ void DirRows::Update()
     if (path != list.NowPath || names != list.NowNames) {
         path = list.NowPath;
         names = list.NowNames;
-        rows->Reread();
+        rows->Reset();
         // The way here shows above what lies here.
         scrollTo(rows->index(std::max(0, rows->ViewRow(-3))), QAbstractItemView::PositionAtTop);
     }
@@ -215,20 +215,20 @@ void DirRows::Update()
         setCurrentIndex(row);
 }
 
-void DirRows::GoToRow(const QModelIndex &theRow)
+void DirListView::GoToRow(const QModelIndex &theRow)
 {
     if (const Text to = list.List(rows->ListRow(theRow.row())); !to.empty() && to != list.NowPath)
         Actions::Go(list, to);
 }
 
-void DirRows::currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious)
+void DirListView::currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious)
 {
     QListView::currentChanged(theCurrent, thePrevious);
     if (!isUpdating && theCurrent.isValid() && rows->ListRow(theCurrent.row()) != list.NowIndex)
         Actions::Highlight(list, rows->ListRow(theCurrent.row()));
 }
 
-void DirRows::keyPressEvent(QKeyEvent *theEvent)
+void DirListView::keyPressEvent(QKeyEvent *theEvent)
 {
     // One directory up, as in other pickers.
     if (theEvent->key() == Qt::Key_Backspace && !list.List(-2).empty())
@@ -239,10 +239,10 @@ void DirRows::keyPressEvent(QKeyEvent *theEvent)
         QListView::keyPressEvent(theEvent);
 }
 
-DriveBox::DriveBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent), list(theList)
+DriveComboBox::DriveComboBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent), list(theList)
 {
     setFont(Theme::FontOf(TextStyle::Body));
-    setStyleSheet(Theme::PickerStyle());
+    setStyleSheet(Theme::ComboBoxStyle());
     // The host makes what a box of this kind holds its name; what it is for is told by the description.
     setAccessibleDescription(ToQString(list.Design.AccessibleName));
     ReadDrives();
@@ -253,7 +253,7 @@ DriveBox::DriveBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent
 }
 
 // A style rule can't draw an arrow without a picture of it.
-void DriveBox::paintEvent(QPaintEvent *theEvent)
+void DriveComboBox::paintEvent(QPaintEvent *theEvent)
 {
     QComboBox::paintEvent(theEvent);
     QPainter painter(this);
@@ -263,7 +263,7 @@ void DriveBox::paintEvent(QPaintEvent *theEvent)
     painter.drawPolyline(QPolygonF{at, at + QPointF(4, 4), at + QPointF(8, 0)});
 }
 
-void DriveBox::ReadDrives()
+void DriveComboBox::ReadDrives()
 {
     clear();
     for (const Text &drive : Paths::Drives()) {
@@ -275,7 +275,7 @@ void DriveBox::ReadDrives()
     }
 }
 
-void DriveBox::Update()
+void DriveComboBox::Update()
 {
     const QString drive = ToQString(list.NowDrive);
     if (findData(drive) < 0)

@@ -7,24 +7,24 @@
 #include <QListView>
 
 // The rows of a list box.
-class RowsModel : public QAbstractListModel
+class ListBoxModel : public QAbstractListModel
 {
     Q_OBJECT
 public:
-    RowsModel(ListBox &theList, QObject *theParent) : QAbstractListModel(theParent), list(theList) {}
+    ListBoxModel(ListBox &theList, QObject *theParent) : QAbstractListModel(theParent), list(theList) {}
     int rowCount(const QModelIndex &theParent = {}) const override;
     QVariant data(const QModelIndex &theIndex, int theRole) const override;
-    void Reread();
+    void Reset();
 
 private:
     ListBox &list;
 };
 
-class RowList : public QListView
+class ListBoxView : public QListView
 {
     Q_OBJECT
 public:
-    RowList(ListBox &theList, QWidget *theParent);
+    ListBoxView(ListBox &theList, QWidget *theParent);
     void Update();
 
 protected:
@@ -33,7 +33,7 @@ protected:
 
 private:
     ListBox &list;
-    RowsModel *rows;
+    ListBoxModel *rows;
     std::uint64_t revision = 0;
     int rowsShown = 0;
     bool isUpdating = false;
@@ -41,14 +41,14 @@ private:
 
 // The rows of a directory list: from the drive's root down to the current directory, each deeper one indented, and its
 // subdirectories below.
-class DirRowsModel : public QAbstractListModel
+class DirListModel : public QAbstractListModel
 {
     Q_OBJECT
 public:
-    DirRowsModel(DirList &theList, QObject *theParent) : QAbstractListModel(theParent), list(theList) {}
+    DirListModel(DirList &theList, QObject *theParent) : QAbstractListModel(theParent), list(theList) {}
     int rowCount(const QModelIndex &theParent = {}) const override;
     QVariant data(const QModelIndex &theIndex, int theRole) const override;
-    void Reread();
+    void Reset();
     // The row of the view that shows row theIndex of the directory list, and back.
     int ViewRow(int theIndex) const;
     int ListRow(int theViewRow) const;
@@ -58,11 +58,11 @@ private:
     int depth = 0;
 };
 
-class DirRows : public QListView
+class DirListView : public QListView
 {
     Q_OBJECT
 public:
-    DirRows(DirList &theList, QWidget *theParent);
+    DirListView(DirList &theList, QWidget *theParent);
     void Update();
 
 protected:
@@ -72,18 +72,18 @@ protected:
 private:
     void GoToRow(const QModelIndex &theRow);
     DirList &list;
-    DirRowsModel *rows;
+    DirListModel *rows;
     Text path;
     std::shared_ptr<const std::vector<Text>> names;
     bool isUpdating = false;
 };
 
 // The drives; beside the letter stands what the host calls them.
-class DriveBox : public QComboBox
+class DriveComboBox : public QComboBox
 {
     Q_OBJECT
 public:
-    DriveBox(DriveList &theList, QWidget *theParent);
+    DriveComboBox(DriveList &theList, QWidget *theParent);
     void Update();
 
 protected:

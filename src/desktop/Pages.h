@@ -31,13 +31,13 @@ protected:
     // Drops what Open still holds.
     void Forget() { wanted.clear(); }
     // Called before each navigation. False when it must not take place.
-    bool Goes(const QUrl &theUrl);
+    bool BeforeNavigate(const QUrl &theUrl);
     // Tells a page's title; a page without one is called by its file.
-    void Titled(const QString &theTitle);
+    void ShowTitle(const QString &theTitle);
     // What the status bar says while nothing is pointed at.
-    void Says(const Text &theStatus);
+    void ShowStatus(const Text &theStatus);
     // The user points at a link; an empty one when no longer.
-    void PointsAt(const QUrl &theLink);
+    void ShowLink(const QUrl &theLink);
     const Text &Address() const { return browser.NowAddress; }
     // The status, and the page, for a file of a kind that no view can show.
     Text CannotShow() const;

@@ -55,7 +55,7 @@ TextPages::TextPages(Browser &theBrowser, QWidget *theParent)
     view->setOpenLinks(false);
     view->setFrameShape(QFrame::NoFrame);
     connect(view, &QTextBrowser::anchorClicked, this, &TextPages::Follow);
-    connect(view, &QTextBrowser::highlighted, this, [this](const QUrl &theLink) { PointsAt(Meant(theLink)); });
+    connect(view, &QTextBrowser::highlighted, this, [this](const QUrl &theLink) { ShowLink(Meant(theLink)); });
 }
 
 void TextPages::KeepScroll()
@@ -66,7 +66,7 @@ void TextPages::KeepScroll()
 
 void TextPages::Load(const QUrl &theUrl)
 {
-    if (!Goes(theUrl))
+    if (!BeforeNavigate(theUrl))
         return;
     KeepScroll();
     const bool isSamePage = theUrl.hasFragment() && IsOnPage(theUrl);
@@ -76,7 +76,7 @@ void TextPages::Load(const QUrl &theUrl)
         places.push_back({theUrl});
     }
     if (isSamePage)
-        Says("Done");
+        ShowStatus("Done");
     else
         Show(theUrl);
     const QString anchor = theUrl.fragment(QUrl::FullyDecoded);
@@ -91,13 +91,13 @@ bool TextPages::GoTo(std::size_t thePlace, bool mustRead)
     Forget();
     if (thePlace >= places.size())
         return false;
-    if (!Goes(places[thePlace].Url))
+    if (!BeforeNavigate(places[thePlace].Url))
         return true;
     KeepScroll();
     const bool isSamePage = !mustRead && IsOnPage(places[thePlace].Url);
     at = thePlace;
     if (isSamePage)
-        Says("Done");
+        ShowStatus("Done");
     else
         Show(Here());
     // Asking for the size has the page laid out to its end.
@@ -122,7 +122,7 @@ void TextPages::Follow(const QUrl &theLink)
     if (!isOffer && (IsPage(url) || !UrlOfDriveLink(url).isEmpty()))
         Open(url);
     else if (url.scheme() != QLatin1String("javascript") && !QDesktopServices::openUrl(url))
-        Says("There is no program here that opens " + AddressOf(url));
+        ShowStatus("There is no program here that opens " + AddressOf(url));
 }
 
 void TextPages::Show(const QUrl &theUrl)
@@ -130,8 +130,8 @@ void TextPages::Show(const QUrl &theUrl)
     // Pictures beside the page are asked for while its text is set.
     view->document()->setBaseUrl(theUrl);
     const Text said = ShowFile(theUrl);
-    Titled(view->documentTitle());
-    Says(said + std::exchange(introduction, ""));
+    ShowTitle(view->documentTitle());
+    ShowStatus(said + std::exchange(introduction, ""));
 }
 
 // By what the page says of itself; else as all texts of the program are shown.

@@ -13,7 +13,7 @@ void LoadFonts()
 }
 
 // Sizes in pixels, so that what fits its place does so on every host.
-static QFont Letters(int thePixels, QFont::Weight theWeight = QFont::Normal)
+static QFont Inter(int thePixels, QFont::Weight theWeight = QFont::Normal)
 {
     QFont Result(QStringLiteral("Inter"));
     Result.setStyleHint(QFont::SansSerif);
@@ -26,25 +26,25 @@ QFont FontOf(TextStyle theStyle)
 {
     switch (theStyle) {
     case TextStyle::Title:
-        return Letters(19, QFont::DemiBold);
+        return Inter(19, QFont::DemiBold);
     case TextStyle::SubTitle:
     case TextStyle::Counter:
-        return Letters(15, QFont::DemiBold);
+        return Inter(15, QFont::DemiBold);
     case TextStyle::HelpHeading:
-        return Letters(13, QFont::DemiBold);
+        return Inter(13, QFont::DemiBold);
     case TextStyle::Dim:
     case TextStyle::HelpText:
     case TextStyle::Status:
     case TextStyle::Splash:
-        return Letters(12);
+        return Inter(12);
     case TextStyle::Body:
     case TextStyle::Value:
         break;
     }
-    return Letters(13);
+    return Inter(13);
 }
 
-QColor InkOf(TextStyle theStyle)
+QColor TextColourOf(TextStyle theStyle)
 {
     switch (theStyle) {
     case TextStyle::Title:
@@ -62,7 +62,7 @@ QColor InkOf(TextStyle theStyle)
     }
 }
 
-QPalette WholePalette()
+QPalette LightPalette()
 {
     QPalette Result;
     const auto set = [&](QPalette::ColorRole theRole, const QColor &theColour) { Result.setColor(theRole, theColour); };
@@ -121,7 +121,7 @@ QString ListStyle()
                           "QListView::item:selected { background: #1F6B55; color: white; }");
 }
 
-QString EntryStyle()
+QString LineEditStyle()
 {
     return QStringLiteral("QLineEdit { background: white; border: 1px solid #AFC1B8; border-radius: 6px; "
                           "padding: 1px 6px; color: #20302C; }"
@@ -129,7 +129,7 @@ QString EntryStyle()
                           "QLineEdit:disabled { background: #F0F4F1; }");
 }
 
-QString PickerStyle()
+QString ComboBoxStyle()
 {
     return QStringLiteral("QComboBox { background: white; border: 1px solid #AFC1B8; border-radius: 6px; "
                           "padding: 1px 8px; color: #20302C; }"
@@ -139,14 +139,14 @@ QString PickerStyle()
                           "QComboBox QAbstractItemView { background: white; color: #20302C; outline: 0; }");
 }
 
-QString ReadingStyle()
+QString HelpTextStyle()
 {
     return QString::fromLatin1(slimScrollBar) +
            QStringLiteral("QTextEdit { background: transparent; border: 1px solid transparent; border-radius: 4px; }"
                           "QTextEdit:focus { border-color: #1B2F5B; }");
 }
 
-QString ToolStyle()
+QString ToolBarStyle()
 {
     return QStringLiteral("QToolButton { background: white; border: 1px solid #AFC1B8; border-radius: 7px; "
                           "padding: 5px 12px 5px 8px; color: #123F38; }"
@@ -155,7 +155,7 @@ QString ToolStyle()
                           "QToolButton:focus { border: 2px solid #1B2F5B; padding: 4px 11px 4px 7px; }");
 }
 
-QString BoxStyle()
+QString MessageBoxStyle()
 {
     return QStringLiteral("QPushButton { background: white; border: 1px solid #AFC1B8; border-radius: 7px; "
                           "min-width: 72px; padding: 6px 14px; color: #123F38; }"

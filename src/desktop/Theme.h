@@ -17,15 +17,15 @@ inline constexpr QColor Pine{0x12, 0x3F, 0x38}, Fern{0x1F, 0x6B, 0x55}, Leaf{0x6
 void LoadFonts();
 // The font and the colour of the text of a label.
 QFont FontOf(TextStyle theStyle);
-QColor InkOf(TextStyle theStyle);
+QColor TextColourOf(TextStyle theStyle);
 // All roles, so that a dark desktop leaves the screens as they are.
-QPalette WholePalette();
+QPalette LightPalette();
 // The few rules that a palette can't express.
 QString MenuStyle();
 QString ListStyle();
-QString EntryStyle();
-QString PickerStyle();
-QString ReadingStyle();
-QString ToolStyle();
-QString BoxStyle();
+QString LineEditStyle();
+QString ComboBoxStyle();
+QString HelpTextStyle();
+QString ToolBarStyle();
+QString MessageBoxStyle();
 }  // namespace Theme

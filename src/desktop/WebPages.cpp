@@ -71,12 +71,12 @@ WebPages::WebPages(Browser &theBrowser, QWidget *theParent)
     connect(&page, &QWebEnginePage::loadingChanged, this, &WebPages::Loaded);
     connect(&page, &QWebEnginePage::urlChanged, this, &WebPages::Moved);
     connect(&page, &QWebEnginePage::renderProcessTerminated, this, &WebPages::Died);
-    connect(&page, &QWebEnginePage::linkHovered, this, [this](const QString &theLink) { PointsAt(QUrl(theLink)); });
+    connect(&page, &QWebEnginePage::linkHovered, this, [this](const QString &theLink) { ShowLink(QUrl(theLink)); });
     connect(&page, &QWebEnginePage::newWindowRequested, this,
         [this](const QWebEngineNewWindowRequest &theRequest) { Open(theRequest.requestedUrl()); });
     connect(&page, &QWebEnginePage::titleChanged, this, [this](const QString &theTitle) {
         // A page without a title, one that isn't there above all, is given its own URL for one.
-        Titled(QUrl(theTitle) == page.url() ? QString() : theTitle);
+        ShowTitle(QUrl(theTitle) == page.url() ? QString() : theTitle);
     });
     // Nothing is ever saved: a request that isn't accepted ends by itself.
     connect(&profile, &QWebEngineProfile::downloadRequested, this, [this](const QWebEngineDownloadRequest *theRequest) {
@@ -112,8 +112,8 @@ void WebPages::Stopped()
 {
     // Nothing of the new page has come, so the old one stays, and with it its address.
     if (!page.url().isEmpty() && AddressOf(page.url()) != Address())
-        Goes(page.url());
-    Says("Stopped");
+        BeforeNavigate(page.url());
+    ShowStatus("Stopped");
 }
 
 bool WebPages::MayGo(const QWebEngineNavigationRequest &theRequest)
@@ -128,29 +128,30 @@ bool WebPages::MayGo(const QWebEngineNavigationRequest &theRequest)
     }
     isNotice = url.scheme() == QLatin1String("data");
     if (isNotice)
-        return theRequest.navigationType() != QWebEngineNavigationRequest::ReloadNavigation || Goes(page.url());
+        return theRequest.navigationType() != QWebEngineNavigationRequest::ReloadNavigation ||
+               BeforeNavigate(page.url());
     // The browser hands on by itself what is no page, a mail address for one.
-    return !IsPage(url) || Goes(url);
+    return !IsPage(url) || BeforeNavigate(url);
 }
 
 // MayGo isn't asked about a place on the same page, and a notice comes there without its address.
 void WebPages::Moved(const QUrl &theUrl)
 {
     const bool isSamePage = !page.isLoading();
-    if ((isSamePage || AddressOf(theUrl) != Address()) && Goes(theUrl) && isSamePage)
-        Says("Done");
+    if ((isSamePage || AddressOf(theUrl) != Address()) && BeforeNavigate(theUrl) && isSamePage)
+        ShowStatus("Done");
 }
 
 void WebPages::Loaded(const QWebEngineLoadingInfo &theInfo)
 {
     switch (theInfo.status()) {
     case QWebEngineLoadingInfo::LoadSucceededStatus:
-        Says(isNotice ? CannotShow() : "Done");
+        ShowStatus(isNotice ? CannotShow() : "Done");
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
         if (theInfo.isErrorPage())
-            Titled({});
-        Says("Could not open " + Address());
+            ShowTitle({});
+        ShowStatus("Could not open " + Address());
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus:
         // Refused links end here too, pages that the next one has overtaken, and files that can't be shown.
@@ -168,7 +169,7 @@ void WebPages::Died()
     if (std::exchange(revived, Address()) != Address())
         QTimer::singleShot(0, this, &WebPages::Reload);
     else
-        Says("This page has stopped working. Refresh, in the Navigation menu, opens it again.");
+        ShowStatus("This page has stopped working. Refresh, in the Navigation menu, opens it again.");
 }
 
 // The browser's own menu without what needs tabs, windows or a place to save to.

@@ -1,15 +1,15 @@
 #include "desktop/Window.h"
 #include "desktop/Actions.h"
-#include "desktop/Entry.h"
+#include "desktop/CheckBoxWidget.h"
 #include "desktop/Labels.h"
+#include "desktop/LineEdit.h"
 #include "desktop/Lists.h"
-#include "desktop/MenuRow.h"
-#include "desktop/Meter.h"
+#include "desktop/MenuBarWidget.h"
 #include "desktop/PictureButton.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtText.h"
+#include "desktop/RoundedBox.h"
 #include "desktop/Theme.h"
-#include "desktop/TickBox.h"
 #include "disk/Files.h"
 #include "disk/Paths.h"
 #include "toolkit/Gates.h"
@@ -45,18 +45,18 @@ Window::Window(Form &theForm, QScreen *theScreen) : TheForm(theForm)
     if (theScreen)
         setScreen(theScreen);
     setObjectName(QString::fromLatin1(theForm.Name));
-    if (MenuRow::IsWanted(theForm)) {
-        menuRow = new MenuRow(theForm, this);
-        bodyTop = MenuRow::rowHeight;
+    if (MenuBarWidget::IsWanted(theForm)) {
+        menuBar = new MenuBarWidget(theForm, this);
+        bodyTop = MenuBarWidget::barHeight;
     }
-    if (!menuRow)
+    if (!menuBar)
         setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     else if (!theForm.Design.Sizable)
         setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                        Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
     setAcceptDrops(DropTarget() != nullptr);
     Build();
-    FollowSize();
+    ApplySize();
     BindKeys();
     SetTabOrder();
 }
@@ -90,7 +90,7 @@ Window::Item Window::Make(Control &theControl)
 {
     if (auto *label = dynamic_cast<Label *>(&theControl)) {
         if (label->Design.Style == TextStyle::HelpText) {
-            auto *reading = new HelpReading(*label, this);
+            auto *reading = new HelpTextView(*label, this);
             return {reading, [reading] { reading->Update(); }};
         }
         auto *text = new TextLabel(*label, this);
@@ -101,9 +101,9 @@ Window::Item Window::Make(Control &theControl)
         return {text, [text] { text->Update(); }};
     }
     if (auto *box = dynamic_cast<TextBox *>(&theControl)) {
-        auto *entry = new Entry(*box, this);
-        connect(entry, &Entry::HandlerRan, this, &Window::HandlerRan);
-        connect(entry, &Entry::EnterUnused, this, [this] { PressFirst(Has(Role::Next)); });
+        auto *entry = new LineEdit(*box, this);
+        connect(entry, &LineEdit::HandlerRan, this, &Window::HandlerRan);
+        connect(entry, &LineEdit::EnterUnused, this, [this] { PressFirst(Has(Role::Next)); });
         return {entry, [entry] { entry->Update(); }};
     }
     if (auto *image = dynamic_cast<Image *>(&theControl))
@@ -114,25 +114,25 @@ Window::Item Window::Make(Control &theControl)
         return {push, [push, button] { push->setText(ToQString(button->Now.Caption)); }};
     }
     if (auto *check = dynamic_cast<CheckBox *>(&theControl)) {
-        auto *tick = new TickBox(*check, this);
+        auto *tick = new CheckBoxWidget(*check, this);
         return {tick, [tick] { tick->Update(); }};
     }
     if (auto *list = dynamic_cast<ListBox *>(&theControl)) {
-        auto *rows = new RowList(*list, this);
+        auto *rows = new ListBoxView(*list, this);
         return {rows, [rows] { rows->Update(); }};
     }
     if (auto *dirs = dynamic_cast<DirList *>(&theControl)) {
-        auto *rows = new DirRows(*dirs, this);
+        auto *rows = new DirListView(*dirs, this);
         return {rows, [rows] { rows->Update(); }};
     }
     if (auto *drives = dynamic_cast<DriveList *>(&theControl)) {
-        auto *box = new DriveBox(*drives, this);
+        auto *box = new DriveComboBox(*drives, this);
         return {box, [box] { box->Update(); }};
     }
     if (dynamic_cast<Frame *>(&theControl))
-        return {new Meter(Theme::Ice, this), {}};
+        return {new RoundedBox(Theme::Ice, this), {}};
     if (auto *shape = dynamic_cast<Shape *>(&theControl))
-        return {new Meter(Theme::Navy, items.at(&shape->Inside).Widget), {}};
+        return {new RoundedBox(Theme::Navy, items.at(&shape->Inside).Widget), {}};
     if (auto *bar = dynamic_cast<ToolBar *>(&theControl))
         return MakeToolBar(*bar);
     if (dynamic_cast<Browser *>(&theControl)) {
@@ -168,7 +168,7 @@ Window::Item Window::MakeToolBar(ToolBar &theBar)
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(12, 8, 8, 4);
     layout->setSpacing(8);
-    row->setStyleSheet(Theme::ToolStyle());
+    row->setStyleSheet(Theme::ToolBarStyle());
     for (const ToolButton &tool : theBar.Buttons) {
         auto *button = new QToolButton(row);
         button->setObjectName(QString::fromLatin1(theBar.Name) + ToQString(tool.Key));
@@ -204,7 +204,7 @@ bool Window::IsMouseOnly(const Control &theControl) const
 
 // Of buttons that take turns on one spot, such as Pause and Resume, the next one has the keyboard after the last: the
 // one beside them might be Cancel.
-void Window::HandFocusOn(const Control &theFormer)
+void Window::PassFocusFrom(const Control &theFormer)
 {
     for (const Control *control : controls)
         if (const Place &at = control->Now.At; control != &theFormer && control->Now.Visible &&
@@ -224,7 +224,7 @@ void Window::UpdateItem(Control &theControl, const Item &theItem)
     const bool isBare = dynamic_cast<const Image *>(&theControl) && theControl.Now.Picture.empty();
     const bool isShown = theControl.Now.Visible && !isBare && (shape || IsWithin(theControl));
     if (!isShown && theItem.Widget->hasFocus())
-        HandFocusOn(theControl);
+        PassFocusFrom(theControl);
     theItem.Widget->setVisible(isShown);
     if (theItem.Update)
         theItem.Update();
@@ -236,13 +236,13 @@ void Window::Update(Element &theElement)
         setWindowTitle(ToQString(TheForm.Now.Caption));
         update();
     } else if (auto *item = dynamic_cast<MenuItem *>(&theElement)) {
-        menuRow->Update(*item);
+        menuBar->Update(*item);
     } else if (const auto found = items.find(&theElement); found != items.end()) {
         UpdateItem(static_cast<Control &>(theElement), found->second);
     }
 }
 
-void Window::FollowSize()
+void Window::ApplySize()
 {
     if (TheForm.Design.Sizable)
         return;
@@ -253,8 +253,8 @@ void Window::FollowSize()
         return;
     const auto start = std::chrono::steady_clock::now();
     setFixedSize(size);
-    if (menuRow)
-        menuRow->setFixedWidth(size.width());
+    if (menuBar)
+        menuBar->setFixedWidth(size.width());
     if (isVisible() && left != x())
         move(left, y());
     const QPointer<QWidget> focus = focusWidget();
@@ -269,7 +269,7 @@ void Window::FollowSize()
     }
 }
 
-void Window::GiveFocus(Control *theControl)
+void Window::SetInitialFocus(Control *theControl)
 {
     const auto focus = [&](const auto &isIt) {
         for (const Element *element : TheForm.Elements())
@@ -367,7 +367,7 @@ void Window::BindKeys()
 // The order of the elements is the order of reading.
 void Window::SetTabOrder()
 {
-    QWidget *last = menuRow;
+    QWidget *last = menuBar;
     const auto append = [&](QWidget *theWidget) {
         if (last && theWidget)
             QWidget::setTabOrder(last, theWidget);
@@ -426,7 +426,7 @@ void Window::resizeEvent(QResizeEvent *theEvent)
 {
     if (!TheForm.Design.Sizable)
         return;
-    menuRow->setFixedWidth(theEvent->size().width());
+    menuBar->setFixedWidth(theEvent->size().width());
     UserResize(TheForm, theEvent->size().width(), theEvent->size().height());
 }
 

@@ -8,7 +8,7 @@
 #include <functional>
 #include <unordered_map>
 
-class MenuRow;
+class MenuBarWidget;
 
 class Window : public QWidget
 {
@@ -21,9 +21,9 @@ public:
     // Shows what an element, the screen itself too, holds now.
     void Update(Element &theElement);
     // Takes the screen's size and place at once and paints it: the help box slides by that.
-    void FollowSize();
+    void ApplySize();
     // Puts the keyboard's focus on the control, or where a user would begin.
-    void GiveFocus(Control *theControl);
+    void SetInitialFocus(Control *theControl);
     // The page view of a browser, made when it is first asked for.
     Pages &PagesOf(Browser &theBrowser);
     QWidget *WidgetOf(const Element &theElement) const;
@@ -50,7 +50,7 @@ private:
     Item MakePicture(Image &theImage);
     Item MakeToolBar(ToolBar &theBar);
     void UpdateItem(Control &theControl, const Item &theItem);
-    void HandFocusOn(const Control &theFormer);
+    void PassFocusFrom(const Control &theFormer);
     void RefuseClosing();
     void BindKeys();
     void SetTabOrder();
@@ -61,7 +61,7 @@ private:
     void PressFirst(const std::function<bool(const Control &)> &isIt);
     DirList *DropTarget() const;
 
-    MenuRow *menuRow = nullptr;
+    MenuBarWidget *menuBar = nullptr;
     int bodyTop = 0;
     std::unordered_map<const Element *, Item> items;
     std::vector<Control *> controls;  // those with an item

@@ -8,7 +8,7 @@ int main(int argc, char **argv)
 {
     Application::PrepareProcess();
     QApplication application(argc, argv);
-    Application::Dress();
+    Application::ApplyStyle();
     if (!Application::CanKeepProjects())
         return 1;
     Desktop desktop;

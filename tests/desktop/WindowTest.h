@@ -31,7 +31,7 @@ public:
         std::filesystem::copy(FERNCASTLE_DATA_DIR, program, std::filesystem::copy_options::recursive);
         Paths::SetProgramDir(program.string());
         DirectoryCache::SetRecheckInterval(0);
-        Application::Dress();
+        Application::ApplyStyle();
         desktop = std::make_unique<Desktop>();
         SetPresentation(desktop.get());
         DefaultBoxTitle = AppTitle = "Ferncastle";

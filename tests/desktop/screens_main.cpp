@@ -39,7 +39,7 @@ int main(int argc, char **argv)
     // Paths as short as a user's, wherever the directory lies.
     Paths::MapDrive('c', QFileInfo(QDir(argv[1]).absolutePath()).path().toStdString());
     Paths::SetProgramDir(QDir(argv[1]).absolutePath().toStdString());
-    Application::Dress();
+    Application::ApplyStyle();
     Desktop desktop;
     SetPresentation(&desktop);
     const QDir out(argv[2]);

@@ -125,7 +125,7 @@ TEST_F(Wizard, ByMouse)
         Type("www.fernandfriends.example");
         Click("frmCreate.btnNext");
         AwaitScreen("frmDirectory");
-        ClickRow(*static_cast<DirRows *>(WidgetOf("frmDirectory.Dir1")), "sample");
+        ClickRow(*static_cast<DirListView *>(WidgetOf("frmDirectory.Dir1")), "sample");
         Click("frmDirectory.btnNext");
         AwaitScreen("frmKeywords");
         InNextBox([](QWidget &theBox) {

@@ -1,14 +1,14 @@
-#include "desktop/Entry.h"
+#include "desktop/LineEdit.h"
 #include "desktop/Actions.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include <QKeyEvent>
 #include <QPointer>
 
-Entry::Entry(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), box(theBox)
+LineEdit::LineEdit(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), box(theBox)
 {
     setFont(Theme::FontOf(TextStyle::Body));
-    setStyleSheet(Theme::EntryStyle());
+    setStyleSheet(Theme::LineEditStyle());
     // Not textEdited: dictation and screen readers put a whole text in, which isn't told by that.
     connect(this, &QLineEdit::textChanged, this, [this](const QString &theText) {
         if (theText != ToQString(box.Now.Caption) && !Actions::Edit(box, FromQString(theText)))
@@ -16,7 +16,7 @@ Entry::Entry(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), box(th
     });
 }
 
-void Entry::Update()
+void LineEdit::Update()
 {
     if (const QString words = ToQString(box.Now.Caption); words != text()) {
         setText(words);
@@ -27,9 +27,9 @@ void Entry::Update()
 }
 
 // Whether anything is left of the key once the program's handler has seen it.
-bool Entry::TakesKey(int theKey)
+bool LineEdit::TakesKey(int theKey)
 {
-    const QPointer<Entry> me(this);
+    const QPointer<LineEdit> me(this);
     const bool isTaken = Actions::KeyPress(box, theKey) && theKey != 0;
     if (!me || !box.Owner.Visible)
         return false;
@@ -37,7 +37,7 @@ bool Entry::TakesKey(int theKey)
     return isTaken;
 }
 
-void Entry::keyPressEvent(QKeyEvent *theEvent)
+void LineEdit::keyPressEvent(QKeyEvent *theEvent)
 {
     if (theEvent->key() == Qt::Key_Return || theEvent->key() == Qt::Key_Enter) {
         if (box.Design.KeyPress)
@@ -51,7 +51,7 @@ void Entry::keyPressEvent(QKeyEvent *theEvent)
     const bool isTyping = !words.isEmpty() && words.at(0).isPrint() &&
                           (theEvent->modifiers() & ~Qt::ShiftModifier) != Qt::ControlModifier;
     if (isTyping && box.Design.KeyPress) {
-        const QPointer<Entry> me(this);
+        const QPointer<LineEdit> me(this);
         for (const char key : FromQString(words))
             if (!TakesKey(static_cast<unsigned char>(key)))
                 return;

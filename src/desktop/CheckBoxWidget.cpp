@@ -1,4 +1,4 @@
-#include "desktop/TickBox.h"
+#include "desktop/CheckBoxWidget.h"
 #include "desktop/Actions.h"
 #include "desktop/FocusRing.h"
 #include "desktop/Theme.h"
@@ -7,7 +7,7 @@
 #include <QPainterPath>
 #include <cmath>
 
-TickBox::TickBox(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), box(theBox)
+CheckBoxWidget::CheckBoxWidget(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), box(theBox)
 {
     // Not clicked: screen readers turn the tick over without a click.
     connect(this, &QCheckBox::toggled, this, [this](bool isTicked) {
@@ -18,17 +18,17 @@ TickBox::TickBox(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), b
     });
 }
 
-void TickBox::Update()
+void CheckBoxWidget::Update()
 {
     setChecked(box.Now.Ticked);
 }
 
-bool TickBox::hitButton(const QPoint &thePoint) const
+bool CheckBoxWidget::hitButton(const QPoint &thePoint) const
 {
     return rect().contains(thePoint);
 }
 
-void TickBox::keyPressEvent(QKeyEvent *theEvent)
+void CheckBoxWidget::keyPressEvent(QKeyEvent *theEvent)
 {
     if (theEvent->key() == Qt::Key_Return || theEvent->key() == Qt::Key_Enter)
         click();
@@ -36,7 +36,7 @@ void TickBox::keyPressEvent(QKeyEvent *theEvent)
         QCheckBox::keyPressEvent(theEvent);
 }
 
-void TickBox::paintEvent(QPaintEvent *)
+void CheckBoxWidget::paintEvent(QPaintEvent *)
 {
     constexpr double side = 16;
     QPainter painter(this);

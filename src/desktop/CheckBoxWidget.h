@@ -3,11 +3,11 @@
 #include "toolkit/Controls.h"
 #include <QCheckBox>
 
-class TickBox : public QCheckBox
+class CheckBoxWidget : public QCheckBox
 {
     Q_OBJECT
 public:
-    TickBox(CheckBox &theBox, QWidget *theParent);
+    CheckBoxWidget(CheckBox &theBox, QWidget *theParent);
     void Update();
 
 protected:

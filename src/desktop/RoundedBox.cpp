@@ -1,9 +1,9 @@
-#include "desktop/Meter.h"
+#include "desktop/RoundedBox.h"
 #include <QPainter>
 
-Meter::Meter(const QColor &theColour, QWidget *theParent) : QWidget(theParent), colour(theColour) {}
+RoundedBox::RoundedBox(const QColor &theColour, QWidget *theParent) : QWidget(theParent), colour(theColour) {}
 
-void Meter::paintEvent(QPaintEvent *)
+void RoundedBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -4,12 +4,12 @@
 #include <QMenuBar>
 #include <map>
 
-class MenuRow : public QMenuBar
+class MenuBarWidget : public QMenuBar
 {
     Q_OBJECT
 public:
-    static constexpr int rowHeight = 24;
-    MenuRow(Form &theForm, QWidget *theParent);
+    static constexpr int barHeight = 24;
+    MenuBarWidget(Form &theForm, QWidget *theParent);
     // Whether the screen has any item, and so wants a menu bar.
     static bool IsWanted(const Form &theForm);
     void Update(MenuItem &theItem);

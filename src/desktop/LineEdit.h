@@ -3,11 +3,11 @@
 #include "toolkit/Controls.h"
 #include <QLineEdit>
 
-class Entry : public QLineEdit
+class LineEdit : public QLineEdit
 {
     Q_OBJECT
 public:
-    Entry(TextBox &theBox, QWidget *theParent);
+    LineEdit(TextBox &theBox, QWidget *theParent);
     void Update();
 
 signals:

@@ -3,11 +3,11 @@
 #include <QColor>
 #include <QWidget>
 
-class Meter : public QWidget
+class RoundedBox : public QWidget
 {
     Q_OBJECT
 public:
-    Meter(const QColor &theColour, QWidget *theParent);
+    RoundedBox(const QColor &theColour, QWidget *theParent);
 
 protected:
     void paintEvent(QPaintEvent *theEvent) override;

@@ -1,4 +1,4 @@
-#include "desktop/MenuRow.h"
+#include "desktop/MenuBarWidget.h"
 #include "desktop/Actions.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
@@ -7,17 +7,17 @@
 #include <QTimer>
 #include <algorithm>
 
-bool MenuRow::IsWanted(const Form &theForm)
+bool MenuBarWidget::IsWanted(const Form &theForm)
 {
     const auto &elements = theForm.Elements();
     return std::any_of(elements.begin(), elements.end(),
         [](const Element *element) { return dynamic_cast<const MenuItem *>(element) != nullptr; });
 }
 
-MenuRow::MenuRow(Form &theForm, QWidget *theParent) : QMenuBar(theParent)
+MenuBarWidget::MenuBarWidget(Form &theForm, QWidget *theParent) : QMenuBar(theParent)
 {
     setNativeMenuBar(false);
-    setFixedHeight(rowHeight);
+    setFixedHeight(barHeight);
     setFont(Theme::FontOf(TextStyle::Body));
     setStyleSheet(Theme::MenuStyle());
     for (Element *element : theForm.Elements())
@@ -27,7 +27,7 @@ MenuRow::MenuRow(Form &theForm, QWidget *theParent) : QMenuBar(theParent)
         }
 }
 
-void MenuRow::Add(MenuItem &theItem)
+void MenuBarWidget::Add(MenuItem &theItem)
 {
     QAction *action = nullptr;
     const auto &all = theItem.Owner.Elements();
@@ -61,7 +61,7 @@ void MenuRow::Add(MenuItem &theItem)
         });
 }
 
-void MenuRow::Update(MenuItem &theItem)
+void MenuBarWidget::Update(MenuItem &theItem)
 {
     QAction &action = *actions.at(&theItem);
     if (theItem.Now.Caption == "-")
