@@ -1,5 +1,6 @@
 #include "desktop/Desktop.h"
 #include "desktop/Actions.h"
+#include "desktop/Addresses.h"
 #include "desktop/Boxes.h"
 #include "desktop/QtText.h"
 #include "disk/Files.h"

@@ -1,6 +1,6 @@
-// The page view without a browser: shows the program's own pages, and simple others, from the disk.
+#include "desktop/TextPages.h"
 #include "base/Failure.h"
-#include "desktop/Pages.h"
+#include "desktop/Addresses.h"
 #include "desktop/QtText.h"
 #include "disk/Files.h"
 #include <QDesktopServices>
@@ -9,45 +9,7 @@
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QStringDecoder>
-#include <QTextBrowser>
 #include <utility>
-#include <vector>
-
-namespace
-{
-class TextPages final : public Pages
-{
-public:
-    TextPages(Browser &theBrowser, QWidget *theParent);
-    QWidget *View() override { return view; }
-    // From the first place this wraps around, and is beyond the last.
-    bool Back() override { return GoTo(at - 1); }
-    bool Forward() override { return GoTo(at + 1); }
-    void Reload() override { GoTo(at, true); }
-    void Stop() override { Forget(); }
-
-protected:
-    void Load(const QUrl &theUrl) override;
-
-private:
-    struct Place {
-        QUrl Url;
-        int Scroll = 0;
-    };
-    QUrl Here() const { return places.empty() ? QUrl() : places[at].Url; }
-    bool IsOnPage(const QUrl &theUrl) const { return Here().matches(theUrl, QUrl::RemoveFragment); }
-    void KeepScroll();
-    bool GoTo(std::size_t thePlace, bool mustRead = false);
-    QUrl Meant(const QUrl &theLink) const;
-    void Follow(const QUrl &theLink);
-    void Show(const QUrl &theUrl);
-    Text ShowFile(const QUrl &theUrl);
-
-    QTextBrowser *const view;
-    std::vector<Place> places;
-    std::size_t at = 0;
-    Text introduction = " (simple view: pages look plainer here than in a web browser)";
-};
 
 TextPages::TextPages(Browser &theBrowser, QWidget *theParent)
     : Pages(theBrowser, theParent), view(new QTextBrowser(theParent))
@@ -55,7 +17,7 @@ TextPages::TextPages(Browser &theBrowser, QWidget *theParent)
     view->setOpenLinks(false);
     view->setFrameShape(QFrame::NoFrame);
     connect(view, &QTextBrowser::anchorClicked, this, &TextPages::Follow);
-    connect(view, &QTextBrowser::highlighted, this, [this](const QUrl &theLink) { ShowLink(Meant(theLink)); });
+    connect(view, &QTextBrowser::highlighted, this, [this](const QUrl &theLink) { ShowLink(Resolve(theLink)); });
 }
 
 void TextPages::KeepScroll()
@@ -70,7 +32,7 @@ void TextPages::Load(const QUrl &theUrl)
         return;
     KeepScroll();
     const bool isSamePage = theUrl.hasFragment() && IsOnPage(theUrl);
-    if (places.empty() || Here() != theUrl) {
+    if (places.empty() || CurrentUrl() != theUrl) {
         places.resize(places.empty() ? 0 : at + 1);
         at = places.size();
         places.push_back({theUrl});
@@ -80,7 +42,7 @@ void TextPages::Load(const QUrl &theUrl)
     else
         Show(theUrl);
     const QString anchor = theUrl.fragment(QUrl::FullyDecoded);
-    // The top of a page needs no anchor there.
+    // Browsers go to the top for "#top" even if the page has no such anchor.
     if (anchor.isEmpty() || anchor == QLatin1String("top"))
         view->verticalScrollBar()->setValue(0);
     view->scrollToAnchor(anchor);
@@ -88,7 +50,7 @@ void TextPages::Load(const QUrl &theUrl)
 
 bool TextPages::GoTo(std::size_t thePlace, bool mustRead)
 {
-    Forget();
+    CancelOpen();
     if (thePlace >= places.size())
         return false;
     if (!BeforeNavigate(places[thePlace].Url))
@@ -99,43 +61,43 @@ bool TextPages::GoTo(std::size_t thePlace, bool mustRead)
     if (isSamePage)
         ShowStatus("Done");
     else
-        Show(Here());
-    // Asking for the size has the page laid out to its end.
+        Show(CurrentUrl());
+    // Asking for the size makes Qt lay out the whole page, so that the scroll position is valid.
     view->document()->size();
     view->verticalScrollBar()->setValue(places[at].Scroll);
     return true;
 }
 
-// As browsers understand it: a "\" in the path of a page is a "/".
-QUrl TextPages::Meant(const QUrl &theLink) const
+// Like browsers, treats a "\" in the path as a "/".
+QUrl TextPages::Resolve(const QUrl &theLink) const
 {
     QUrl link = theLink;
     link.setPath(link.path(QUrl::FullyEncoded).replace(QStringLiteral("%5C"), QStringLiteral("/")), QUrl::TolerantMode);
-    return theLink.isEmpty() ? theLink : Here().resolved(link);
+    return theLink.isEmpty() ? theLink : CurrentUrl().resolved(link);
 }
 
 void TextPages::Follow(const QUrl &theLink)
 {
-    const QUrl url = Meant(theLink);
-    // The page that stands for a web address offers that address.
-    const bool isOffer = !url.isLocalFile() && url == Here();
-    if (!isOffer && (IsPage(url) || !UrlOfDriveLink(url).isEmpty()))
+    const QUrl url = Resolve(theLink);
+    // The notice page for a web address links to that address; that link opens the user's web browser.
+    const bool isOwnAddress = !url.isLocalFile() && url == CurrentUrl();
+    if (!isOwnAddress && (IsPage(url) || !UrlOfDriveLink(url).isEmpty()))
         Open(url);
     else if (url.scheme() != QLatin1String("javascript") && !QDesktopServices::openUrl(url))
-        ShowStatus("There is no program here that opens " + AddressOf(url));
+        ShowStatus("No program on this computer can open " + AddressOf(url));
 }
 
 void TextPages::Show(const QUrl &theUrl)
 {
-    // Pictures beside the page are asked for while its text is set.
+    // setHtml loads the pictures of the page, so the base URL must be set before it.
     view->document()->setBaseUrl(theUrl);
-    const Text said = ShowFile(theUrl);
+    const Text result = ShowFile(theUrl);
     ShowTitle(view->documentTitle());
-    ShowStatus(said + std::exchange(introduction, ""));
+    ShowStatus(result + std::exchange(introduction, ""));
 }
 
-// By what the page says of itself; else as all texts of the program are shown.
-QString Decoded(const Text &theBytes)
+// Uses the encoding that the page declares; without a valid one, decodes it like the program's other texts.
+static QString Decoded(const Text &theBytes)
 {
     const QByteArrayView bytes(theBytes.data(), static_cast<qsizetype>(theBytes.size()));
     QStringDecoder decode = QStringDecoder::decoderForHtml(bytes);
@@ -143,15 +105,15 @@ QString Decoded(const Text &theBytes)
     return decode.isValid() && !decode.hasError() ? Result : ToQString(theBytes);
 }
 
-// A "<" in a script would swallow what follows.
-QString WithoutScripts(QString thePage)
+// QTextBrowser would take a "<" in a script for a tag.
+static QString WithoutScripts(QString thePage)
 {
     static const QRegularExpression script(QStringLiteral("<script\\b.*?</script\\s*>"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     return thePage.remove(script);
 }
 
-// Returns what is to be said of it.
+// Returns the status text.
 Text TextPages::ShowFile(const QUrl &theUrl)
 {
     const auto show = [&](const char *theHeading, const char *theBody) {
@@ -160,13 +122,13 @@ Text TextPages::ShowFile(const QUrl &theUrl)
         return "Could not open " + Address();
     };
     if (!theUrl.isLocalFile())
-        return show("This page is on the web", "<p>The simple view shows pages on this computer only.</p>"
+        return show("This page is on the web", "<p>The simple view shows only pages on this computer.</p>"
                                                "<p>Open it in your web browser: <a href=\"%1\">%1</a></p>");
     Text bytes;
     try {
         bytes = Files::Read(Address());
     } catch (const RuntimeFailure &) {
-        return show("This page can't be opened", "<p>It may have been moved, renamed or deleted:</p><p>%1</p>");
+        return show("This page cannot be opened", "<p>It may have been moved, renamed or deleted:</p><p>%1</p>");
     }
     const QString name = ToQString(NameOf(Address()));
     const QMimeType kind = QMimeDatabase().mimeTypeForFileNameAndData(name, QByteArray::fromStdString(bytes));
@@ -182,10 +144,4 @@ Text TextPages::ShowFile(const QUrl &theUrl)
     else
         view->setHtml(QStringLiteral("<pre>%1</pre>").arg(text.toHtmlEscaped()));
     return "Done";
-}
-}  // namespace
-
-Pages *Pages::Make(Browser &theBrowser, QWidget *theParent)
-{
-    return new TextPages(theBrowser, theParent);
 }

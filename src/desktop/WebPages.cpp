@@ -1,84 +1,44 @@
-// The page view with a real browser in it.
-#include "desktop/Pages.h"
+#include "desktop/WebPages.h"
+#include "desktop/Addresses.h"
 #include <QMenu>
-#include <QPointer>
 #include <QTimer>
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineDownloadRequest>
-#include <QWebEngineHistory>
-#include <QWebEngineLoadingInfo>
-#include <QWebEngineNavigationRequest>
 #include <QWebEngineNewWindowRequest>
-#include <QWebEnginePage>
-#include <QWebEngineProfile>
 #include <QWebEngineSettings>
-#include <QWebEngineView>
 #include <utility>
-
-namespace
-{
-class WebPages final : public Pages
-{
-public:
-    WebPages(Browser &theBrowser, QWidget *theParent);
-    ~WebPages() override;
-    QWidget *View() override { return view; }
-    bool Back() override { return Go(page.history()->canGoBack(), QWebEnginePage::Back); }
-    bool Forward() override { return Go(page.history()->canGoForward(), QWebEnginePage::Forward); }
-    void Reload() override { Go(true, QWebEnginePage::Reload); }
-    void Stop() override;
-
-protected:
-    void Load(const QUrl &theUrl) override { page.load(theUrl); }
-
-private:
-    bool Go(bool canGo, QWebEnginePage::WebAction theAction);
-    bool MayGo(const QWebEngineNavigationRequest &theRequest);
-    void Moved(const QUrl &theUrl);
-    void Loaded(const QWebEngineLoadingInfo &theInfo);
-    void Stopped();
-    void Died();
-    void ShowMenu(const QPoint &theSpot);
-
-    // Nothing is remembered beyond the view. The page must go before it.
-    QWebEngineProfile profile;
-    QWebEnginePage page{&profile};
-    QPointer<QWebEngineView> view;
-    bool isNotice = false;
-    Text revived;  // the last page that was loaded anew because it had died
-};
 
 WebPages::WebPages(Browser &theBrowser, QWidget *theParent)
     : Pages(theBrowser, theParent), view(new QWebEngineView(theParent))
 {
     view->setPage(&page);
-    // Brings the browser's own widget into being now, before the window shows, and not with the first page.
+    // Creates the browser's own widget now, before the window is shown, instead of with the first page.
     page.runJavaScript(QString());
     view->setFocusPolicy(Qt::StrongFocus);
     view->setContextMenuPolicy(Qt::CustomContextMenu);
     QWebEngineSettings &settings = *page.settings();
-    // Shows PDF.
+    // PDF files need it.
     settings.setAttribute(QWebEngineSettings::PluginsEnabled, true);
-    // What the user didn't click opens nothing.
+    // A page may open windows only when the user clicks, and dropping a file must not open it.
     settings.setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
     settings.setAttribute(QWebEngineSettings::NavigateOnDropEnabled, false);
 
-    connect(view, &QWidget::customContextMenuRequested, this, &WebPages::ShowMenu);
+    connect(view, &QWidget::customContextMenuRequested, this, &WebPages::ShowContextMenu);
     connect(&page, &QWebEnginePage::navigationRequested, this, [this](QWebEngineNavigationRequest &theRequest) {
-        if (!MayGo(theRequest))
+        if (!MayNavigate(theRequest))
             theRequest.reject();
     });
-    connect(&page, &QWebEnginePage::loadingChanged, this, &WebPages::Loaded);
-    connect(&page, &QWebEnginePage::urlChanged, this, &WebPages::Moved);
-    connect(&page, &QWebEnginePage::renderProcessTerminated, this, &WebPages::Died);
+    connect(&page, &QWebEnginePage::loadingChanged, this, &WebPages::LoadingChanged);
+    connect(&page, &QWebEnginePage::urlChanged, this, &WebPages::UrlChanged);
+    connect(&page, &QWebEnginePage::renderProcessTerminated, this, &WebPages::ProcessEnded);
     connect(&page, &QWebEnginePage::linkHovered, this, [this](const QString &theLink) { ShowLink(QUrl(theLink)); });
     connect(&page, &QWebEnginePage::newWindowRequested, this,
         [this](const QWebEngineNewWindowRequest &theRequest) { Open(theRequest.requestedUrl()); });
     connect(&page, &QWebEnginePage::titleChanged, this, [this](const QString &theTitle) {
-        // A page without a title, one that isn't there above all, is given its own URL for one.
+        // The browser uses the URL as the title of a page that has none, above all of a missing page.
         ShowTitle(QUrl(theTitle) == page.url() ? QString() : theTitle);
     });
-    // Nothing is ever saved: a request that isn't accepted ends by itself.
+    // Downloads are never accepted, and a request that is not accepted is dropped.
     connect(&profile, &QWebEngineProfile::downloadRequested, this, [this](const QWebEngineDownloadRequest *theRequest) {
         QTimer::singleShot(0, this, [this, url = theRequest->url()] { page.setHtml(CannotShowPage(url), url); });
     });
@@ -91,9 +51,9 @@ WebPages::~WebPages()
     delete view;
 }
 
-bool WebPages::Go(bool canGo, QWebEnginePage::WebAction theAction)
+bool WebPages::Trigger(bool canGo, QWebEnginePage::WebAction theAction)
 {
-    Forget();
+    CancelOpen();
     if (canGo)
         page.triggerAction(theAction);
     return canGo;
@@ -101,22 +61,22 @@ bool WebPages::Go(bool canGo, QWebEnginePage::WebAction theAction)
 
 void WebPages::Stop()
 {
-    Forget();
+    CancelOpen();
     if (!page.isLoading())
         return;
     page.triggerAction(QWebEnginePage::Stop);
-    Stopped();
+    ShowStopped();
 }
 
-void WebPages::Stopped()
+void WebPages::ShowStopped()
 {
-    // Nothing of the new page has come, so the old one stays, and with it its address.
+    // Nothing of the new page has arrived: the old page still shows, so its address is set again.
     if (!page.url().isEmpty() && AddressOf(page.url()) != Address())
         BeforeNavigate(page.url());
     ShowStatus("Stopped");
 }
 
-bool WebPages::MayGo(const QWebEngineNavigationRequest &theRequest)
+bool WebPages::MayNavigate(const QWebEngineNavigationRequest &theRequest)
 {
     const QUrl url = theRequest.url();
     const bool isDriveLink = !UrlOfDriveLink(url).isEmpty();
@@ -130,19 +90,19 @@ bool WebPages::MayGo(const QWebEngineNavigationRequest &theRequest)
     if (isNotice)
         return theRequest.navigationType() != QWebEngineNavigationRequest::ReloadNavigation ||
                BeforeNavigate(page.url());
-    // The browser hands on by itself what is no page, a mail address for one.
+    // The browser itself passes other URLs, such as mail addresses, to the system.
     return !IsPage(url) || BeforeNavigate(url);
 }
 
-// MayGo isn't asked about a place on the same page, and a notice comes there without its address.
-void WebPages::Moved(const QUrl &theUrl)
+// Needed because navigationRequested reports neither a jump within the page nor the address of a notice page.
+void WebPages::UrlChanged(const QUrl &theUrl)
 {
     const bool isSamePage = !page.isLoading();
     if ((isSamePage || AddressOf(theUrl) != Address()) && BeforeNavigate(theUrl) && isSamePage)
         ShowStatus("Done");
 }
 
-void WebPages::Loaded(const QWebEngineLoadingInfo &theInfo)
+void WebPages::LoadingChanged(const QWebEngineLoadingInfo &theInfo)
 {
     switch (theInfo.status()) {
     case QWebEngineLoadingInfo::LoadSucceededStatus:
@@ -154,26 +114,26 @@ void WebPages::Loaded(const QWebEngineLoadingInfo &theInfo)
         ShowStatus("Could not open " + Address());
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus:
-        // Refused links end here too, pages that the next one has overtaken, and files that can't be shown.
+        // Also reached by rejected links, by pages that a later request replaced, and by files that cannot be shown.
         if (!theInfo.url().isLocalFile() && AddressOf(theInfo.url()) == Address())
-            Stopped();
+            ShowStopped();
         break;
     case QWebEngineLoadingInfo::LoadStartedStatus:
         break;
     }
 }
 
-// Once by itself; a page that brings its process down each time must not do so for ever.
-void WebPages::Died()
+// Reloads the page, but only once in a row: a page that always crashes would otherwise reload forever.
+void WebPages::ProcessEnded()
 {
-    if (std::exchange(revived, Address()) != Address())
+    if (std::exchange(reloaded, Address()) != Address())
         QTimer::singleShot(0, this, &WebPages::Reload);
     else
-        ShowStatus("This page has stopped working. Refresh, in the Navigation menu, opens it again.");
+        ShowStatus("This page has stopped working. To open it again, choose Refresh from the Navigation menu.");
 }
 
-// The browser's own menu without what needs tabs, windows or a place to save to.
-void WebPages::ShowMenu(const QPoint &theSpot)
+// The browser's standard menu without the items that need tabs, windows or a place to save files.
+void WebPages::ShowContextMenu(const QPoint &thePosition)
 {
     QMenu *menu = view->createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -183,11 +143,5 @@ void WebPages::ShowMenu(const QPoint &theSpot)
         menu->removeAction(page.action(action));
     if (!UrlOfDriveLink(view->lastContextMenuRequest()->linkUrl()).isEmpty())
         menu->removeAction(page.action(QWebEnginePage::CopyLinkToClipboard));
-    menu->popup(view->mapToGlobal(theSpot));
-}
-}  // namespace
-
-Pages *Pages::Make(Browser &theBrowser, QWidget *theParent)
-{
-    return new WebPages(theBrowser, theParent);
+    menu->popup(view->mapToGlobal(thePosition));
 }
