@@ -2,6 +2,7 @@
 #include "desktop/Actions.h"
 #include "desktop/Addresses.h"
 #include "desktop/Boxes.h"
+#include "desktop/Keyboard.h"
 #include "desktop/QtText.h"
 #include "disk/Files.h"
 #include "disk/Paths.h"
@@ -116,7 +117,7 @@ void Desktop::Show(Form &theForm)
         window->activateWindow();
     }
     if (isNew) {
-        window->SetInitialFocus(std::exchange(focusWanted[&theForm], nullptr));
+        Keyboard::SetInitialFocus(*window, std::exchange(focusWanted[&theForm], nullptr));
         for (Element *element : theForm.Elements()) {
             if (auto *timer = dynamic_cast<Timer *>(element))
                 UpdateTimer(*timer);
@@ -185,7 +186,7 @@ void Desktop::Focus(Control &theControl)
 {
     if (Window *window = WindowOf(theControl.Owner)) {
         ShowChanges();
-        window->SetInitialFocus(&theControl);
+        Keyboard::SetInitialFocus(*window, &theControl);
     } else {
         focusWanted[&theControl.Owner] = &theControl;
     }

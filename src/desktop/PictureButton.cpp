@@ -3,8 +3,31 @@
 #include "desktop/Pictures.h"
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPainterPath>
 
-PictureButton::PictureButton(QWidget *theParent) : QAbstractButton(theParent)
+static constexpr double largeHeight = 80;  // a button this high has rounder corners
+
+// The outline that the picture of a button shows inside theRect.
+static QPainterPath OutlineOf(Role theRole, const QRectF &theRect)
+{
+    QPainterPath Result;
+    double radius = theRect.height() >= largeHeight ? 10 : 7;
+    if (theRole == Role::Help) {
+        radius = theRect.height() / 2;
+    } else if (theRole == Role::Repeat) {
+        radius = 4;
+    } else if (theRole == Role::Card) {
+        // Only the upper corners are round: the card goes on below the picture.
+        Result.addRoundedRect(theRect.adjusted(0, 0, 0, radius), radius, radius);
+        QPainterPath upperPart;
+        upperPart.addRect(theRect);
+        return Result.intersected(upperPart);
+    }
+    Result.addRoundedRect(theRect, radius, radius);
+    return Result;
+}
+
+PictureButton::PictureButton(Role theRole, QWidget *theParent) : QAbstractButton(theParent), role(theRole)
 {
     setCursor(Qt::PointingHandCursor);
 }
@@ -24,7 +47,7 @@ void PictureButton::paintEvent(QPaintEvent *)
         painter.setOpacity(0.45);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(rect(), PictureAt(picture, devicePixelRatioF()));
-    const QPainterPath shape = ShapeOf(picture, QRectF(rect()));
+    const QPainterPath shape = OutlineOf(role, QRectF(rect()));
     painter.setRenderHint(QPainter::Antialiasing);
     if (isDown())
         painter.fillPath(shape, QColor(0, 0, 0, 56));

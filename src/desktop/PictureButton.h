@@ -1,14 +1,15 @@
-// A picture that is pressed: hover, press, focus and disabling are painted over the picture.
+// A picture that works as a push button. Hover, press, focus and the disabled state are painted over the picture.
 #pragma once
-#include "base/Text.h"
+#include "toolkit/Controls.h"
 #include <QAbstractButton>
 
 class PictureButton : public QAbstractButton
 {
     Q_OBJECT
 public:
-    explicit PictureButton(QWidget *theParent);
-    // Shows the picture at thePath, a path of the program.
+    // The role and the size decide the outline of what is painted over the picture.
+    PictureButton(Role theRole, QWidget *theParent);
+    // thePath is a path of the program.
     void SetPicture(const Text &thePath);
 
 protected:
@@ -18,5 +19,6 @@ protected:
     void leaveEvent(QEvent *theEvent) override;
 
 private:
+    const Role role;
     Text picture;
 };

@@ -1,13 +1,8 @@
-// The pictures beside the program, as sharp as the screen wants them.
+// The pictures that are shipped beside the program.
 #pragma once
 #include "base/Text.h"
-#include <QPainterPath>
 #include <QPixmap>
-#include <QRectF>
 
-// The picture at thePath, a path of the program; its @2x twin where theRatio, the pixels of the screen to one of the
-// program's, is above 1. Kept for the next time; empty when it can't be read.
+// The picture at thePath, a path of the program. theRatio is the number of physical pixels to a pixel of the program;
+// above 1 the file's "@2x" version is used. Loaded pictures are kept. Empty when the file cannot be read.
 const QPixmap &PictureAt(const Text &thePath, double theRatio);
-
-// The shape that the picture of that name shows inside theRect: what hover, press and focus are painted in.
-QPainterPath ShapeOf(const Text &thePath, const QRectF &theRect);

@@ -1,11 +1,9 @@
-// The window of a screen: a widget for each of its controls, kept in step with what the controls hold now.
+// The window of a screen: one widget for each of its controls, which shows what the control holds now.
 #pragma once
 #include "desktop/Pages.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Pickers.h"
+#include "desktop/WidgetFactory.h"
 #include <QPointer>
 #include <QWidget>
-#include <functional>
 #include <unordered_map>
 
 class MenuBarWidget;
@@ -14,21 +12,31 @@ class Window : public QWidget
 {
     Q_OBJECT
 public:
-    // Opens on theScreen; null leaves that to the host.
+    // Opens on theScreen; when it is null, the system chooses the screen.
     Window(Form &theForm, QScreen *theScreen);
 
     Form &TheForm;
-    // Shows what an element, the screen itself too, holds now.
+    // Shows what an element, or the screen itself, holds now.
     void Update(Element &theElement);
-    // Takes the screen's size and place at once and paints it: the help box slides by that.
+    // Takes over the size and place of the form and paints at once; the help box slides in steps of this.
     void ApplySize();
-    // Puts the keyboard's focus on the control, or where a user would begin.
-    void SetInitialFocus(Control *theControl);
-    // The page view of a browser, made when it is first asked for.
+    // The page view of a browser; the first call makes it.
     Pages &PagesOf(Browser &theBrowser);
+    // The widget of a control; null when it has none.
     QWidget *WidgetOf(const Element &theElement) const;
+    // The controls that have a widget, in the order of their declaration.
+    const std::vector<Control *> &Controls() const { return controls; }
+    // The first control with a role; null when there is none.
+    const Control *Find(Role theRole) const;
+    // Null when the screen has no menu.
+    QWidget *MenuBar() const;
+    // Clicks a control. For users of screen readers the focus follows to the help text if that comes out.
+    void Press(Control &theControl);
+    // Clicks the first control with that role that can be clicked now.
+    void PressFirst(Role theRole);
 
 signals:
+    // A handler of the program has run: what it changed must be shown before the key takes effect.
     void HandlerRan();
 
 protected:
@@ -40,31 +48,17 @@ protected:
     void dropEvent(QDropEvent *theEvent) override;
 
 private:
-    struct Item {
-        QWidget *Widget = nullptr;
-        std::function<void()> Update;  // what is more than place, visibility and enabling
-    };
-    void Build();
     void Add(Control &theControl);
-    Item Make(Control &theControl);
-    Item MakePicture(Image &theImage);
-    Item MakeToolBar(ToolBar &theBar);
-    void UpdateItem(Control &theControl, const Item &theItem);
+    void UpdateControl(Control &theControl);
     void PassFocusFrom(const Control &theFormer);
-    void RefuseClosing();
-    void BindKeys();
-    void SetTabOrder();
+    void ExplainRefusal();
     bool IsWithin(const Control &theControl) const;
-    bool IsMouseOnly(const Control &theControl) const;
     Text HelpShown() const;
-    void Press(Control &theControl);
-    void PressFirst(const std::function<bool(const Control &)> &isIt);
-    DirList *DropTarget() const;
 
     MenuBarWidget *menuBar = nullptr;
     int bodyTop = 0;
-    std::unordered_map<const Element *, Item> items;
-    std::vector<Control *> controls;  // those with an item
+    std::unordered_map<const Element *, ControlWidget> widgets;
+    std::vector<Control *> controls;
     std::unordered_map<const Browser *, Pages *> pages;
-    QPointer<QWidget> helpFrom;  // what a help text came from
+    QPointer<QWidget> helpOpener;  // what opened the help text that has the focus
 };
