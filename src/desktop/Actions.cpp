@@ -8,12 +8,12 @@
 namespace Actions
 {
 #ifdef FERNCASTLE_LOG_ACTIONS
-// The last line waits: what a box is answered while its action is done must stand before the action in a script, and
-// keys typed one after the other are one line.
+// The last line is held back, for two reasons: an answer that is given while the action runs must come before the
+// action in the script, and keys typed one after the other make one line.
 static Text held;
 static const Form *lastScreen = nullptr;
 static long yields = 0, yieldsWritten = 0;
-static int serving = 0;
+static int processing = 0;
 
 static void Write(const Text &theLine)
 {
@@ -28,7 +28,7 @@ static void Line(const Text &theVerb, const Element &theElement, const Text &the
     if (lastScreen != &theElement.Owner)
         Write("wait " + Text(theElement.Owner.Name));
     lastScreen = &theElement.Owner;
-    if (serving > 0 && yields != yieldsWritten)
+    if (processing > 0 && yields != yieldsWritten)
         Write("at " + std::to_string(yields));
     yieldsWritten = yields;
     const bool isForm = &theElement.Owner == &theElement;
@@ -62,9 +62,9 @@ void Yielded()
 {
     ++yields;
 }
-void Serving(bool isServing)
+void ProcessingEvents(bool isProcessing)
 {
-    serving += isServing ? 1 : -1;
+    processing += isProcessing ? 1 : -1;
 }
 void Ended()
 {
@@ -76,7 +76,7 @@ static void Typed(const TextBox &, const Text &, const Text &) {}
 void Answered(bool) {}
 void Chose(const Text &) {}
 void Yielded() {}
-void Serving(bool) {}
+void ProcessingEvents(bool) {}
 void Ended() {}
 #endif
 

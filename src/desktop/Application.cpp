@@ -22,20 +22,20 @@ namespace Application
 void PrepareProcess()
 {
 #ifdef Q_OS_UNIX
-    // The browser's sandbox can't be set up by root and would end the process; for everybody else it stays.
+    // For root the browser's sandbox fails and ends the process. It stays on for all other users.
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
 #endif
-    // Else the pages of the browser say nothing to screen readers here.
+    // Without this, screen readers cannot read the browser's pages on Linux.
     qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
     QGuiApplication::setDesktopFileName(QStringLiteral("ferncastle"));
     QCoreApplication::setApplicationName(QStringLiteral("ferncastle"));
-    // What the scripts of a user's pages say is no business of ours.
+    // Suppresses what the scripts on the user's pages write to the console.
     QLoggingCategory::setFilterRules(QStringLiteral("js=false"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 }
 
-// A plain widget would be a part of something; screen readers look for windows.
+// Qt describes a plain widget as a part of a window, but screen readers look for windows.
 static QAccessibleInterface *DescribeWindow(const QString &theClass, QObject *theObject)
 {
     return theClass == QLatin1String("Window")
@@ -64,9 +64,9 @@ bool CanKeepProjects()
         return true;
     bool wantsNoMore = false;
     Boxes::Ask(nullptr,
-        "Ferncastle keeps its projects and the expanded sites in its own directory:\n\n" + FromQString(directory) +
-            "\n\nThis directory can't be written. Please copy it to a place of your own, such as your home directory, "
-            "and start Ferncastle from there.",
+        "Ferncastle stores its projects and the expanded sites in its own directory:\n\n" + FromQString(directory) +
+            "\n\nYou do not have permission to write to this directory. Please copy it to a place where you can write, "
+            "such as your home directory, and start Ferncastle from there.",
         msgStop, "Ferncastle", false, wantsNoMore);
     return false;
 }

@@ -1,12 +1,12 @@
-// What the process and the application of the windows need before the first of them opens.
+// Prepares the process and the QApplication before the first window opens.
 #pragma once
 
 namespace Application
 {
-// Before the QApplication is made.
+// Must be called before the QApplication is created.
 void PrepareProcess();
-// After it is made: style, colours, letters, icon.
+// Sets style, colours, fonts and icon. Must be called after the QApplication is created.
 void ApplyStyle();
-// Tells the user when the program's directory can't be written, since all projects go there. True when it can.
+// Whether the program's directory, where all projects are stored, is writable. If not, a box tells the user.
 bool CanKeepProjects();
 }  // namespace Application

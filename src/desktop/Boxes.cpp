@@ -10,10 +10,10 @@
 
 namespace Boxes
 {
-// Plain text throughout, to be copied into a report of an error, and buttons in the look of the screens.
+// All text is plain and can be selected, so that users can copy it into an error report.
 static void ApplyStyle(QMessageBox &theBox)
 {
-    // The informative text too, at whose kind the box would guess.
+    // Includes the label of the informative text, whose format the box would otherwise guess.
     for (auto *label : theBox.findChildren<QLabel *>())
         label->setTextFormat(Qt::PlainText);
     theBox.setTextFormat(Qt::PlainText);
@@ -25,7 +25,7 @@ static void ApplyStyle(QMessageBox &theBox)
         button->setIcon(QIcon());
 }
 
-// Paths hold no blanks to break at; a place of no width behind each backslash lets a long one go on in the next line.
+// Adds a zero-width space after each backslash, so that a long path can wrap to the next line.
 static QString Breakable(const Text &theText)
 {
     return ToQString(theText).replace(QStringLiteral("\\"), QStringLiteral("\\\u200B"));
@@ -91,10 +91,10 @@ QString ChooseFile(QWidget *theParent, const Text &theFilter, const QString &the
 
 void ShowFailure(QWidget *theParent, const RuntimeFailure &theFailure)
 {
-    QMessageBox box(
-        QMessageBox::Critical, ToQString(DefaultBoxTitle), QObject::tr("Run-time failure"), QMessageBox::Ok, theParent);
+    QMessageBox box(QMessageBox::Critical, ToQString(DefaultBoxTitle),
+        QObject::tr("Ferncastle must close because of an unexpected error."), QMessageBox::Ok, theParent);
     box.setInformativeText(Breakable(theFailure.What + "\r\n\r\n" + theFailure.Where) +
-                           QObject::tr("\n\nThe program ends now. What it has written so far stays."));
+                           QObject::tr("\n\nThe files written so far are kept."));
     ApplyStyle(box);
     box.exec();
 }

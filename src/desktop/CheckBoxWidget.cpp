@@ -9,7 +9,7 @@
 
 CheckBoxWidget::CheckBoxWidget(CheckBox &theBox, QWidget *theParent) : QCheckBox(theParent), box(theBox)
 {
-    // Not clicked: screen readers turn the tick over without a click.
+    // Not clicked, which is not sent when a screen reader toggles the box.
     connect(this, &QCheckBox::toggled, this, [this](bool isTicked) {
         if (isTicked == box.Now.Ticked)
             return;

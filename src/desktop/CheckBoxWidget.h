@@ -1,4 +1,4 @@
-// A check box; its words stand in a label beside it, which it may reach below, so that a click there ticks it too.
+// A check box without a text of its own. It may extend below its label, so that a click on the label ticks it too.
 #pragma once
 #include "toolkit/Controls.h"
 #include <QCheckBox>

@@ -19,10 +19,10 @@
 
 using namespace std::chrono_literals;
 
-// Between two looks at what the user did, counted from the end of the last one: short enough for a click to be answered
-// at once, long enough for a run to be hardly slowed by its counts being painted.
+// The pause between the end of one round of event processing and the start of the next: short enough to answer a click
+// at once, long enough that painting the counters hardly slows the run.
 static constexpr auto yieldEvery = 16ms;
-// A screen reader asks a hundred things about a screen, one after the other, and gets one answer a look.
+// A screen reader sends about a hundred queries for a screen, one after the other, and each round answers only one.
 static constexpr auto yieldEveryForReaders = 2ms;
 static constexpr int boxesBeforeOptOut = 2;
 
@@ -32,7 +32,7 @@ Desktop::Desktop()
     heartbeat.start();
 }
 
-// Windows go before the application does; a page view must not outlive it.
+// Deletes the windows while the application still exists: a page view must not outlive it.
 Desktop::~Desktop()
 {
     SetPresentation(nullptr);
@@ -61,12 +61,12 @@ QWidget *Desktop::FrontWindow() const
     return order.empty() ? nullptr : WindowOf(*order.back());
 }
 
-// A screen comes up where the one before it stands, so that the wizard seems one window.
+// A screen opens where the previous one stands, so that the wizard looks like one window.
 void Desktop::Place(Window &theWindow)
 {
     const QRect screen = theWindow.screen()->availableGeometry();
     if (theWindow.TheForm.Design.Sizable) {
-        // For the user who makes it smaller than the whole screen.
+        // The size it gets when the user restores it from maximized.
         theWindow.resize(screen.size() * 4 / 5);
         theWindow.move(screen.center() - theWindow.rect().center());
         return;
@@ -89,7 +89,7 @@ void Desktop::Place(Window &theWindow)
 void Desktop::Show(Form &theForm)
 {
     std::unique_ptr<Window> &window = windows[&theForm];
-    // Somebody who works in another program meanwhile is told, not interrupted.
+    // A user who is working in another program is alerted, not interrupted.
     const bool isElsewhere = !order.empty() && QGuiApplication::applicationState() != Qt::ApplicationActive;
     const bool isNew = !window;
     if (isNew) {
@@ -97,7 +97,7 @@ void Desktop::Show(Form &theForm)
         window = std::make_unique<Window>(theForm, before ? before->screen() : nullptr);
         connect(window.get(), &Window::HandlerRan, this, &Desktop::ShowChanges);
         Place(*window);
-        // A page view made later would make the window anew, which then has lost the focus.
+        // Before the window is shown, see Pages::Make.
         for (Element *element : theForm.Elements())
             if (auto *browser = dynamic_cast<Browser *>(element))
                 window->PagesOf(*browser);
@@ -135,7 +135,7 @@ void Desktop::Unload(Form &theForm)
         if (auto *timer = dynamic_cast<Timer *>(element))
             if (const auto found = timers.find(timer); found != timers.end()) {
                 found->second->stop();
-                // Its own handler may be running.
+                // Not deleted at once: its own handler may be running.
                 found->second.release()->deleteLater();
                 timers.erase(found);
             }
@@ -148,11 +148,11 @@ void Desktop::Unload(Form &theForm)
     if (const auto found = windows.find(&theForm); found != windows.end()) {
         if (!theForm.Design.Sizable && hasPlace)
             lastPlace = found->second->pos();
-        // A box of an outer loop must not go with the window that it stands before.
+        // A message box may still be open in an outer event loop; it must not be deleted with its parent.
         for (auto *box : found->second->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
             box->setParent(nullptr, box->windowFlags());
         found->second->hide();
-        // The click that closes it may have come from one of its own widgets.
+        // Not deleted at once: one of its own widgets may be handling the click that closes it.
         found->second.release()->deleteLater();
         windows.erase(found);
     }
@@ -176,7 +176,7 @@ void Desktop::Changed(Element &theElement)
 
 void Desktop::ShowChanges()
 {
-    // What is shown here may change further things.
+    // A loop over a copy: an update may mark further elements as changed.
     for (Element *element : std::exchange(changed, {}))
         if (Window *window = WindowOf(element->Owner))
             window->Update(*element);
@@ -214,9 +214,9 @@ void Desktop::UpdateTimer(Timer &theTimer)
 void Desktop::ProcessEvents(QEventLoop::ProcessEventsFlags theFlags)
 {
     ShowChanges();
-    Actions::Serving(true);
+    Actions::ProcessingEvents(true);
     QCoreApplication::processEvents(theFlags);
-    Actions::Serving(false);
+    Actions::ProcessingEvents(false);
     nextYield = Clock::now() + (QAccessible::isActive() ? yieldEveryForReaders : yieldEvery);
 }
 
@@ -241,7 +241,7 @@ void Desktop::PaintNow()
         stale.insert(&element->Owner);
     const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
     ProcessEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
-    // Serving alone leaves the painting for a little later.
+    // Qt would otherwise put off the painting.
     for (const Form *form : stale)
         if (Window *window = WindowOf(*form))
             window->repaint();
@@ -251,16 +251,16 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
     PendingWrites::Flush();
     ShowChanges();
-    if (run != ActionsDone())
+    if (action != ActionsDone())
         boxesShown.clear();
-    run = ActionsDone();
-    // Boxes of one action: a run over a large site may have the same thing to say a thousand times, each time of
-    // another file; what a message is about stands in its first line.
+    action = ActionsDone();
+    // During one action, a run over a large site for instance, the same message may come a thousand times for different
+    // files. Messages with the same first line count as the same.
     const Text box = theTitle + "\n" + thePrompt.substr(0, thePrompt.find('\r'));
     const int times = boxesShown[box];
     if (times < 0 && !(theFlags & msgYesNo))
         return answerOK;
-    // A run that waits for an answer behind other windows would wait for ever.
+    // A run whose box is hidden behind other windows would wait forever.
     if (QWidget *window = FrontWindow(); window && QGuiApplication::applicationState() != Qt::ApplicationActive)
         QApplication::alert(window);
     bool wantsNoMore = false;
@@ -329,7 +329,7 @@ void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
 {
     ShowChanges();
     while (Boxes::WantsToWait(FrontWindow(), theWhere, theWhy)) {
-        // The program stands still; its windows are painted, and take nothing.
+        // Paints the windows but takes no input, because the program cannot respond.
         const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
         for (const auto until = Clock::now() + AskAgainAfter; Clock::now() < until;)
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);

@@ -1,4 +1,4 @@
-// The presentation in windows.
+// The presentation that shows the program in windows.
 #pragma once
 #include "desktop/Window.h"
 #include "toolkit/Presentation.h"
@@ -17,11 +17,11 @@ public:
     Desktop();
     ~Desktop() override;
 
-    // Starts the program and serves the user until it has ended. Returns the exit code.
+    // Starts the program and runs until it has ended. Returns the exit code.
     int Run(Form &theFirstForm);
-    // How long the user waits who wants to wait for a program that stands still.
+    // How long to wait before the not-responding box is shown again.
     std::chrono::milliseconds AskAgainAfter{10000};
-    // The window of a screen; null when it isn't showing.
+    // The window of a screen; null when it is not showing.
     Window *WindowOf(const Form &theForm) const;
 
     void Show(Form &theForm) override;
@@ -52,18 +52,18 @@ private:
     QWidget *FrontWindow() const;
 
     std::map<const Form *, std::unique_ptr<Window>> windows;
-    std::vector<Form *> order;  // of the showing screens, the foremost last
+    std::vector<Form *> order;  // the screens that are showing, the one in front last
     std::map<const Timer *, std::unique_ptr<QTimer>> timers;
     std::unordered_set<Element *> changed;
     std::map<const Form *, Control *> focusWanted;
-    std::map<const Browser *, Text> addressWanted;  // of browsers that have no window yet
+    std::map<const Browser *, Text> addressWanted;  // for browsers that have no window yet
     Clock::time_point nextYield;
-    QTimer heartbeat;  // ends a wait for events
+    QTimer heartbeat;  // wakes WaitEvents at regular intervals
     bool isPaintingOnly = false;
     QPoint lastPlace;
     bool hasPlace = false;
-    unsigned long run = 0;  // the action during which the boxes below were shown
-    std::map<Text, int> boxesShown;
+    unsigned long action = 0;        // the action to which boxesShown belongs
+    std::map<Text, int> boxesShown;  // how often each message was shown; -1 when the user has silenced it
     QString lastDirectory;
     bool hasEnded = false;
     int code = 0;

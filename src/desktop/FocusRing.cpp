@@ -23,7 +23,7 @@ void FocusRing::Paint(QPainter &thePainter, const QPainterPath &theShape)
     thePainter.save();
     thePainter.setRenderHint(QPainter::Antialiasing);
     thePainter.setClipPath(theShape);
-    // Half of a pen lies outside the shape and is clipped: what shows is half as wide.
+    // The clip hides the outer half of each line, so half of its width is visible.
     thePainter.strokePath(theShape, QPen(Theme::White, 7));
     thePainter.strokePath(theShape, QPen(Theme::FocusRing, 4));
     thePainter.restore();

@@ -1,5 +1,5 @@
-// The ring around what the keyboard acts on. It shows once the keyboard is used and goes with the next click, so that
-// who works with the mouse doesn't see it.
+// The ring around the widget that has the focus. It appears when the user presses a key and disappears with the next
+// mouse click, so that mouse users do not see it.
 #pragma once
 #include <QObject>
 
@@ -10,10 +10,10 @@ class FocusRing : public QObject
 {
     Q_OBJECT
 public:
-    // Watches what the user works with, from now on.
+    // Starts to watch whether the user works with the keyboard or the mouse.
     static void Watch();
     static bool IsShown();
-    // Paints the ring just inside theShape, on light and dark ground alike.
+    // Paints the ring just inside theShape; it is visible on light and dark backgrounds.
     static void Paint(QPainter &thePainter, const QPainterPath &theShape);
 
 protected:

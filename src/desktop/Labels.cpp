@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-static constexpr int cardHeight = 26;  // values and counts at least as high stand on a card
+static constexpr int cardHeight = 26;  // values and counters at least this high are painted on a card
 static constexpr int cardMargin = 9;
 
 TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
@@ -28,7 +28,7 @@ TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
         setAlignment(Qt::AlignVCenter | Qt::AlignRight);
     if (isOnCard)
         setContentsMargins(cardMargin, 0, cardMargin, 0);
-    // Without a Click, what lies below gets the mouse: a check box may reach below its words.
+    // Otherwise the mouse goes to what lies below: a check box extends below its label.
     if (label.Design.Click)
         setCursor(Qt::PointingHandCursor);
     else if (!isOneLine)

@@ -1,11 +1,10 @@
-// Texts on a screen that nobody types into.
+// The widgets for texts that the user only reads.
 #pragma once
 #include "toolkit/Controls.h"
 #include <QLabel>
 #include <QTextEdit>
 
-// A label; one with a Click is pressed with the mouse alone, since the picture beside it does the same for the
-// keyboard.
+// A label. One with a Click works with the mouse only; for the keyboard there is a picture beside it.
 class TextLabel : public QLabel
 {
     Q_OBJECT
@@ -22,11 +21,11 @@ protected:
 
 private:
     const Label &label;
-    const bool isOneLine;  // a value: too long a text is elided in the middle when painted, and told by the tip
-    const bool isOnCard;
+    const bool isOneLine;  // shows a value; a long one is elided in the middle, and the tip shows all of it
+    const bool isOnCard;   // painted on a white card
 };
 
-// The text of the help box: scrolls where it is longer than its place, and breaks inside a long word.
+// The text of the help box. It scrolls when the text is long, and breaks long words.
 class HelpTextView : public QTextEdit
 {
     Q_OBJECT

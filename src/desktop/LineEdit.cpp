@@ -9,7 +9,7 @@ LineEdit::LineEdit(TextBox &theBox, QWidget *theParent) : QLineEdit(theParent), 
 {
     setFont(Theme::FontOf(TextStyle::Body));
     setStyleSheet(Theme::LineEditStyle());
-    // Not textEdited: dictation and screen readers put a whole text in, which isn't told by that.
+    // Not textEdited, which is not sent when dictation or a screen reader sets the whole text.
     connect(this, &QLineEdit::textChanged, this, [this](const QString &theText) {
         if (theText != ToQString(box.Now.Caption) && !Actions::Edit(box, FromQString(theText)))
             Update();
@@ -20,13 +20,13 @@ void LineEdit::Update()
 {
     if (const QString words = ToQString(box.Now.Caption); words != text()) {
         setText(words);
-        // An address is read from its head.
+        // Shows the start of a long text, such as an address.
         if (!hasFocus())
             setCursorPosition(0);
     }
 }
 
-// Whether anything is left of the key once the program's handler has seen it.
+// Shows the key to the program's handler. Returns whether the box may still take it.
 bool LineEdit::TakesKey(int theKey)
 {
     const QPointer<LineEdit> me(this);
@@ -47,7 +47,7 @@ void LineEdit::keyPressEvent(QKeyEvent *theEvent)
         return;
     }
     const QString words = theEvent->text();
-    // As the box itself sees it: what Alt and AltGr make of a key is typed too, a key with Control alone is a command.
+    // Like QLineEdit: characters typed with Alt or AltGr count as typing, a key with Control alone is a command.
     const bool isTyping = !words.isEmpty() && words.at(0).isPrint() &&
                           (theEvent->modifiers() & ~Qt::ShiftModifier) != Qt::ControlModifier;
     if (isTyping && box.Design.KeyPress) {

@@ -1,4 +1,4 @@
-// A text box of one line.
+// The widget for a text box.
 #pragma once
 #include "toolkit/Controls.h"
 #include <QLineEdit>
@@ -11,9 +11,9 @@ public:
     void Update();
 
 signals:
-    // A handler of the program's has seen a key: what it has changed is to be shown before the key takes effect.
+    // A handler of the program has seen a key; what it changed must be shown before the key takes effect.
     void HandlerRan();
-    // Enter in a box whose program has no use for it.
+    // Enter was pressed in a box that has no handler for keys.
     void EnterUnused();
 
 protected:

@@ -24,8 +24,8 @@ static void ApplyStyle(QListView &theView)
     theView.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
 }
 
-// Screen readers select a row without going there, or take the selection away: the current row, which is what the
-// program knows of, comes along, and stays selected.
+// Screen readers select a row without making it current, or clear the selection. The program knows only the current
+// row, so it follows the selection and stays selected.
 static void FollowSelection(QListView &theView)
 {
     QObject::connect(
@@ -39,7 +39,7 @@ static void FollowSelection(QListView &theView)
         Qt::QueuedConnection);
 }
 
-// Not the view's own signal of a row that is activated: some desktops give it for a single click.
+// Used instead of the view's "activated" signal, which some desktops send for a single click.
 static bool IsEnter(const QKeyEvent &theEvent)
 {
     return theEvent.key() == Qt::Key_Return || theEvent.key() == Qt::Key_Enter;
@@ -85,7 +85,7 @@ void ListBoxView::Update()
         const int before = rowsShown;
         rows->Reset();
         rowsShown = rows->rowCount();
-        // A row that has been added is seen.
+        // A row that was just added must be visible.
         if (rowsShown == before + 1)
             scrollToBottom();
         else
@@ -114,7 +114,8 @@ void ListBoxView::keyPressEvent(QKeyEvent *theEvent)
         QListView::keyPressEvent(theEvent);
 }
 
-// A folder with the indent of its row before it, so that a row's words begin with the name and can be typed for.
+// A folder icon that includes the indent of its row. The text of the row then starts with the name, so that the user
+// can find a row by typing.
 static QPixmap FolderPicture(int theDepth, bool isOpen)
 {
     static std::map<std::pair<int, bool>, QPixmap> kept;
@@ -160,7 +161,7 @@ QVariant DirListModel::data(const QModelIndex &theIndex, int theRole) const
     const Text path = list.List(row);
     if (theRole == Qt::ToolTipRole)
         return ToolTipText(ToQString(path));
-    // What the picture shows, for those who can't see it.
+    // Tells screen readers what the icon shows.
     if (theRole == Qt::AccessibleDescriptionRole)
         return row < 0 ? QStringLiteral("open") : QString();
     if (theRole == Qt::DecorationRole)
@@ -177,7 +178,7 @@ void DirListModel::Reset()
     endResetModel();
 }
 
-// A selected row's folder keeps its colours.
+// Keeps the colours of the icon in a selected row.
 class FolderDelegate : public QStyledItemDelegate
 {
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -200,7 +201,8 @@ DirListView::DirListView(DirList &theList, QWidget *theParent)
 
 void DirListView::Update()
 {
-    // The run walks with a list that nobody sees: else it would tell screen readers of each directory as of the focus.
+    // The run uses a hidden list to walk through the directories; updating it would make screen readers announce each
+    // one.
     if (isHidden())
         return;
     const QScopedValueRollback<bool> updating(isUpdating, true);
@@ -208,7 +210,7 @@ void DirListView::Update()
         path = list.NowPath;
         names = list.NowNames;
         rows->Reset();
-        // The way here shows above what lies here.
+        // Scrolls so that the parent directories are visible above the subdirectories.
         scrollTo(rows->index(std::max(0, rows->ViewRow(-3))), QAbstractItemView::PositionAtTop);
     }
     if (const QModelIndex row = rows->index(rows->ViewRow(list.NowIndex)); row != currentIndex())
@@ -230,7 +232,7 @@ void DirListView::currentChanged(const QModelIndex &theCurrent, const QModelInde
 
 void DirListView::keyPressEvent(QKeyEvent *theEvent)
 {
-    // One directory up, as in other pickers.
+    // One directory up, as in other file dialogs.
     if (theEvent->key() == Qt::Key_Backspace && !list.List(-2).empty())
         Actions::Go(list, list.List(-2));
     else if (IsEnter(*theEvent))
@@ -243,7 +245,7 @@ DriveComboBox::DriveComboBox(DriveList &theList, QWidget *theParent) : QComboBox
 {
     setFont(Theme::FontOf(TextStyle::Body));
     setStyleSheet(Theme::ComboBoxStyle());
-    // The host makes what a box of this kind holds its name; what it is for is told by the description.
+    // Qt uses the current text as the accessible name of a combo box, so its purpose goes into the description.
     setAccessibleDescription(ToQString(list.Design.AccessibleName));
     ReadDrives();
     connect(this, &QComboBox::activated, this, [this](int theRow) {
@@ -252,7 +254,7 @@ DriveComboBox::DriveComboBox(DriveList &theList, QWidget *theParent) : QComboBox
     });
 }
 
-// A style rule can't draw an arrow without a picture of it.
+// Paints the arrow, because a style sheet can show one only from an image file.
 void DriveComboBox::paintEvent(QPaintEvent *theEvent)
 {
     QComboBox::paintEvent(theEvent);

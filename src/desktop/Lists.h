@@ -1,4 +1,4 @@
-// Lists of rows, and the pickers of drive and directory.
+// The widgets for lists, and the pickers for drive and directory.
 #pragma once
 #include "toolkit/Controls.h"
 #include "toolkit/Pickers.h"
@@ -39,8 +39,8 @@ private:
     bool isUpdating = false;
 };
 
-// The rows of a directory list: from the drive's root down to the current directory, each deeper one indented, and its
-// subdirectories below.
+// The rows of a directory list: the directories from the drive's root down to the current one, each indented further,
+// and below them the subdirectories of the current one.
 class DirListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ public:
     int rowCount(const QModelIndex &theParent = {}) const override;
     QVariant data(const QModelIndex &theIndex, int theRole) const override;
     void Reset();
-    // The row of the view that shows row theIndex of the directory list, and back.
+    // Convert between a row of the directory list and the row of the view that shows it.
     int ViewRow(int theIndex) const;
     int ListRow(int theViewRow) const;
 
@@ -78,7 +78,7 @@ private:
     bool isUpdating = false;
 };
 
-// The drives; beside the letter stands what the host calls them.
+// The drives, each with its letter and its place on the host.
 class DriveComboBox : public QComboBox
 {
     Q_OBJECT

@@ -50,10 +50,10 @@ void MenuBarWidget::Add(MenuItem &theItem)
         connect(action, &QAction::triggered, this, [this, &theItem] {
             const auto choose = [this, &theItem] {
                 Actions::Click(theItem);
-                // Qt has turned the tick over by itself; what holds is what the program made of it.
+                // Qt has toggled the check mark; this sets it to what the program has decided.
                 Update(theItem);
             };
-            // A screen reader that chooses an item waits for the choosing to end, and a box may open.
+            // A screen reader waits until the call returns, and the item may open a message box.
             if (QAccessible::isActive())
                 QTimer::singleShot(0, this, choose);
             else

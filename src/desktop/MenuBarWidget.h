@@ -1,4 +1,4 @@
-// The menu bar of a screen, made of its menu items.
+// The menu bar of a screen, built from its menu items.
 #pragma once
 #include "toolkit/Controls.h"
 #include <QMenuBar>
@@ -10,7 +10,7 @@ class MenuBarWidget : public QMenuBar
 public:
     static constexpr int barHeight = 24;
     MenuBarWidget(Form &theForm, QWidget *theParent);
-    // Whether the screen has any item, and so wants a menu bar.
+    // Whether the screen has menu items, and so needs a menu bar.
     static bool IsWanted(const Form &theForm);
     void Update(MenuItem &theItem);
 

@@ -1,10 +1,10 @@
-// Texts of the program on screen and back. The program's texts are bytes: shown as UTF-8 where they are valid, else as
-// Latin-1, with LF for CR LF.
+// Converts the program's texts to QString and back. They are bytes: valid UTF-8 is read as UTF-8, anything else as
+// Latin-1. CR LF becomes LF.
 #pragma once
 #include "base/Text.h"
 #include <QString>
 
 QString ToQString(const Text &theText);
 Text FromQString(const QString &theText);
-// Words for a tip, which takes what looks like a page's text for one.
+// A text for a tool tip, escaped when the tool tip would take it for HTML.
 QString ToolTipText(const QString &theWords);

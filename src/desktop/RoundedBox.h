@@ -1,4 +1,4 @@
-// A plain filled box with round corners: the ground of the meter, and the box that slides through it.
+// A filled box with rounded corners. The background of the meter is one, and so is the box that slides across it.
 #pragma once
 #include <QColor>
 #include <QWidget>

@@ -12,7 +12,7 @@ void LoadFonts()
         QFontDatabase::addApplicationFont(ToQString(Files::ToHost(InProgramDir(file))));
 }
 
-// Sizes in pixels, so that what fits its place does so on every host.
+// In pixels, so that the texts fit their places on every host.
 static QFont Inter(int thePixels, QFont::Weight theWeight = QFont::Normal)
 {
     QFont Result(QStringLiteral("Inter"));

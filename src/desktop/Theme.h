@@ -1,4 +1,4 @@
-// The colours and letters of the program's windows.
+// The colours, fonts and style sheets of the windows.
 #pragma once
 #include "toolkit/Controls.h"
 #include <QColor>
@@ -13,14 +13,14 @@ inline constexpr QColor Pine{0x12, 0x3F, 0x38}, Fern{0x1F, 0x6B, 0x55}, Leaf{0x6
     Amber{0xE9, 0xA9, 0x3A}, AmberDark{0xB8, 0x7C, 0x1C}, Navy{0x1F, 0x3A, 0x6E}, Ice{0xDC, 0xE8, 0xF7},
     FocusRing{0x1B, 0x2F, 0x5B}, White{0xFF, 0xFF, 0xFF};
 
-// Loads the program's own letters; where they are missing the host's stand in.
+// Loads the fonts that are shipped with the program; if they are missing, Qt uses fonts of the host.
 void LoadFonts();
-// The font and the colour of the text of a label.
+// The font and the text colour of a label.
 QFont FontOf(TextStyle theStyle);
 QColor TextColourOf(TextStyle theStyle);
-// All roles, so that a dark desktop leaves the screens as they are.
+// Sets all colour roles, so that the screens look the same on a dark desktop.
 QPalette LightPalette();
-// The few rules that a palette can't express.
+// Style sheets, for what a palette cannot express.
 QString MenuStyle();
 QString ListStyle();
 QString LineEditStyle();

@@ -1,4 +1,4 @@
-// ferncastle: the program in windows.
+// The program ferncastle: Ferncastle with windows.
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"

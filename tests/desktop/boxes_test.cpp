@@ -119,7 +119,7 @@ TEST_F(WindowTest, UntrappedFailure)
                 QTest::keyClick(&theBox, Qt::Key_Return);
             });
             Click("frmProbe.go");
-            EXPECT_EQ(boxSaid, "Run-time failure");
+            EXPECT_EQ(boxSaid, "Ferncastle must close because of an unexpected error.");
         },
         Probe([] { Fail("no such <b>directory</b>", "c:\\R&D\\<i>x</i>"); }));
     EXPECT_EQ(code, 3);
