@@ -27,7 +27,7 @@ static Text WithoutTags(const Text &thePage)
     return Result;
 }
 
-// The page without everything from each theHead to the theTail behind it.
+// Removes everything from each theHead to the next theTail.
 static Text WithoutBlocks(const Text &thePage, const Text &theHead, const Text &theTail)
 {
     Text Result = thePage;

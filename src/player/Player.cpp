@@ -1,36 +1,16 @@
 #include "player/Player.h"
 #include "core/TextOps.h"
-#include "disk/Files.h"
 #include "disk/PendingWrites.h"
-#include "player/PageReader.h"
+#include "player/ElementActions.h"
+#include "player/GivenVars.h"
+#include "player/Transcript.h"
 #include "toolkit/Gates.h"
 #include "toolkit/Services.h"
-#include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <limits>
 
-namespace
-{
-constexpr long never = std::numeric_limits<long>::max();
-constexpr long patience = 3'600'000;  // of the player's clock: a screen that isn't there within the hour never comes
-
-}  // namespace
-
-// Text of several lines, indented under its heading.
-static Text Indented(const Text &theText)
-{
-    Text Result;
-    for (const char c : theText)
-        if (c != '\r')
-            Result += c == '\n' ? Text("\n          ") : Text(1, c);
-    return Result;
-}
-
-void Player::Say(const Text &theWhat, const Text &theText)
-{
-    std::cout << theWhat << Text(theWhat.size() < 10 ? 10 - theWhat.size() : 1, ' ') << Indented(theText) << '\n';
-}
+// How long to wait for a screen, in simulated milliseconds. What has not appeared after an hour never appears.
+static constexpr long patience = 3'600'000;
 
 int Player::Play(Form &theFirstForm)
 {
@@ -40,14 +20,14 @@ int Player::Play(Form &theFirstForm)
         PlayLines();
         if (hasEnded || next == script.size())
             break;
-        const long start = now;
+        const long start = clock.Now();
         while (!hasEnded && next < script.size() && IsHeldBack(script[next]))
-            if (!AdvanceToNextTimer() || now - start > patience)
-                StopAt(script[next], endScript, "this will never come: nothing moves the program any more");
+            if (!clock.AdvanceToNextTimer() || clock.Now() - start > patience)
+                StopAt(script[next], {endScript, "this never happens: the program is waiting for the user"});
     }
     Finish();
     if (hasEnded && code == 0 && next < script.size() && script[next].Verb != "ended") {
-        std::cerr << "line " << script[next].Line << ": the program has ended before it\n";
+        std::cerr << "line " << script[next].Line << ": the program ended before this line\n";
         code = endScript;
     }
     return code;
@@ -63,94 +43,99 @@ void Player::Finish()
     std::cout.flush();
 }
 
-void Player::StopAt(const Action &theAction, int theCode, const Text &theWhy)
+void Player::StopAt(const Action &theAction, const Outcome &theOutcome)
 {
     std::cout.flush();
-    std::cerr << "line " << theAction.Line << ": " << theAction.Verb << ' ' << theAction.All() << ": " << theWhy
+    std::cerr << "line " << theAction.Line << ": " << theAction.Verb << ' ' << theAction.All() << ": " << theOutcome.Why
               << '\n';
     Finish();
-    // From wherever the program stands: a user who gives up doesn't wait for it either.
-    std::_Exit(theCode);
+    // Ends the process from within the program's procedures, which would otherwise go on.
+    std::_Exit(theOutcome.Code);
+}
+
+void Player::PlayLines()
+{
+    while (!hasEnded && next < script.size() && !IsHeldBack(script[next])) {
+        // Moves on before the action is done: its handler may yield, and then the following lines are played.
+        const Action &action = script[next++];
+        if (const Outcome outcome = Do(action); outcome.Code != 0)
+            StopAt(action, outcome);
+    }
+}
+
+bool Player::IsHeldBack(const Action &theAction)
+{
+    if (theAction.Verb == "wait") {
+        // This is asked at every yield, so the screen is looked up only once.
+        if (!awaited || theAction.Target != awaited->Name)
+            awaited = FindForm(theAction.Target);
+        return !awaited || !awaited->Visible;
+    }
+    return theAction.Verb == "at" && static_cast<double>(yields) < NumberAtStart(theAction.Target);
+}
+
+static void TraceFailure(const RuntimeFailure &theFailure, const char *theProcedure)
+{
+    Say("trapped", theFailure.What + " (" + theFailure.Where + ") in " + theProcedure);
+}
+
+Outcome Player::Do(const Action &theAction)
+{
+    const Text &verb = theAction.Verb;
+    if (verb == "wait" || verb == "at")
+        return {};
+    if (verb == "given")
+        return SetAppVar(theAction.Target, theAction.Rest) ? Outcome{}
+                                                           : Outcome{endScript, "there is no such variable"};
+    if (verb == "follow")
+        return browser.Follow(theAction.All());
+    if (verb == "said") {
+        if (Contains(lastBox, theAction.All()))
+            return {};
+        return {endExpectation, lastBox.empty() ? "no box was shown" : "the last box said: " + lastBox};
+    }
+    if (verb == "ended")
+        return {endExpectation, "the program is still running"};
+    if (verb == "holds" || verb == "lacks")
+        return CheckFile(theAction);
+    if (verb == "answer")
+        answers.push_back(theAction.Target);
+    else if (verb == "file")
+        files.push_back(theAction.All());
+    else if (verb == "trace")
+        OnTrapped = theAction.Target == "on" ? TraceFailure : nullptr;
+    else if (Element *element = FindElement(theAction.Target))
+        return DoToElement(theAction, *element);
+    else
+        return {endScript, "there is no " + theAction.Target};
+    return {};
 }
 
 void Player::Show(Form &theForm)
 {
-    timersChanged = true;
+    clock.ScreensChanged();
     shown.insert(&theForm);
     Say("screen", Text(theForm.Name) + " \"" + theForm.Now.Caption + "\"");
 }
 
 void Player::Unload(Form &theForm)
 {
-    timersChanged = true;
-    std::erase_if(histories, [&](const auto &history) { return &history.first->Owner == &theForm; });
+    clock.ScreensChanged();
+    browser.Forget(theForm);
     if (shown.erase(&theForm))
         Say("closed", theForm.Name);
 }
 
 void Player::Changed(Element &theElement)
 {
-    if (auto *timer = dynamic_cast<Timer *>(&theElement)) {
-        due.erase(timer);
-        timersChanged = true;
-    }
-}
-
-void Player::FindTimers()
-{
-    timersChanged = false;
-    nextDue = never;
-    for (const Form *form : Form::All())
-        for (Element *element : form->Elements()) {
-            auto *timer = dynamic_cast<Timer *>(element);
-            if (!timer)
-                continue;
-            if (!form->Loaded || !timer->Now.Enabled || timer->Now.Interval <= 0) {
-                due.erase(timer);
-                continue;
-            }
-            const long when = due.try_emplace(timer, now + timer->Now.Interval).first->second;
-            if (!timer->Running)
-                nextDue = std::min(nextDue, when);
-        }
-}
-
-void Player::TickDueTimers()
-{
-    if (timersChanged)
-        FindTimers();
-    if (now < nextDue)
-        return;
-    std::vector<Timer *> ticking;
-    for (const auto &[timer, when] : due)
-        if (when <= now && !timer->Running)
-            ticking.push_back(timer);
-    for (Timer *timer : ticking) {
-        if (due.contains(timer))
-            due[timer] = now + timer->Now.Interval;
-        timersChanged = true;
-        TimerTick(*timer);
-        timersChanged = true;
-    }
-    FindTimers();
-}
-
-bool Player::AdvanceToNextTimer()
-{
-    FindTimers();
-    if (nextDue == never)
-        return false;
-    now = std::max(now, nextDue);
-    TickDueTimers();
-    return true;
+    if (auto *timer = dynamic_cast<Timer *>(&theElement))
+        clock.Restart(*timer);
 }
 
 void Player::DoEvents()
 {
     ++yields;
-    ++now;
-    if (timersChanged || now >= nextDue)
-        TickDueTimers();
+    clock.Advance();
     PlayLines();
 }
 
@@ -160,30 +145,10 @@ void Player::WaitEvents()
     DoEvents();
     idleWaits = next == before ? idleWaits + 1 : 0;
     if (!hasEnded && idleWaits > patience) {
-        std::cerr << "the program waits for a action that the script doesn't hold\n";
+        std::cerr << "the program is waiting for an action, but no line of the script can be played\n";
         Finish();
         std::_Exit(endScript);
     }
-}
-
-void Player::PlayLines()
-{
-    while (!hasEnded && next < script.size() && !IsHeldBack(script[next])) {
-        // Past the line before it is done: its handler may yield, and the lines behind it are played there.
-        const Action action = script[next++];
-        Do(action);
-    }
-}
-
-bool Player::IsHeldBack(const Action &theAction)
-{
-    if (theAction.Verb == "wait") {
-        // Asked at every yield, so the screen is looked up once.
-        if (!awaited || theAction.Target != awaited->Name)
-            awaited = FindForm(theAction.Target);
-        return !awaited || !awaited->Visible;
-    }
-    return theAction.Verb == "at" && static_cast<double>(yields) < NumberAtStart(theAction.Target);
 }
 
 int Player::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
@@ -222,52 +187,22 @@ void Player::Beep()
 
 void Player::Navigate(Browser &theBrowser, const Text &theAddress)
 {
-    History &history = histories[&theBrowser];
-    history.Pages.resize(history.Pages.empty() ? 0 : history.At + 1);
-    history.Pages.push_back(theAddress);
-    history.At = history.Pages.size() - 1;
-    OpenPage(theBrowser, theAddress);
-}
-
-void Player::OpenPage(Browser &theBrowser, const Text &theAddress)
-{
-    theBrowser.NowAddress = theAddress;
-    BrowserGoes(theBrowser, theAddress);
-    if (Contains(theAddress, "://")) {
-        Say("browser", theAddress + " (a web address, not opened)");
-        return;
-    }
-    if (!Files::IsFile(theAddress)) {
-        Say("browser", theAddress + " (there is no such page)");
-        return;
-    }
-    const Text title = TitleOfPage(Files::Read(theAddress));
-    Say("browser", theAddress + " \"" + title + "\"\n" + Files::ToHost(theAddress));
-    BrowserTitled(theBrowser, title);
+    browser.Navigate(theBrowser, theAddress);
 }
 
 bool Player::GoBack(Browser &theBrowser)
 {
-    History &history = histories[&theBrowser];
-    if (history.At == 0)
-        return false;
-    OpenPage(theBrowser, history.Pages[--history.At]);
-    return true;
+    return browser.GoBack(theBrowser);
 }
 
 bool Player::GoForward(Browser &theBrowser)
 {
-    History &history = histories[&theBrowser];
-    if (history.At + 1 >= history.Pages.size())
-        return false;
-    OpenPage(theBrowser, history.Pages[++history.At]);
-    return true;
+    return browser.GoForward(theBrowser);
 }
 
 void Player::Refresh(Browser &theBrowser)
 {
-    if (const History &history = histories[&theBrowser]; !history.Pages.empty())
-        OpenPage(theBrowser, history.Pages[history.At]);
+    browser.Refresh(theBrowser);
 }
 
 void Player::Standstill(const Text &theWhere, const Text &theWhy)

@@ -1,25 +1,18 @@
-// The scripted presentation: plays a user without a display, with a clock of its own that runs as fast as the program.
+// The scripted presentation: plays a user without a display.
 #pragma once
-#include "player/Script.h"
+#include "player/PlayerBrowser.h"
+#include "player/PlayerClock.h"
 #include "toolkit/Presentation.h"
 #include <deque>
-#include <map>
 #include <set>
-
-// Exit codes beside those of Presentation.h.
-inline constexpr int endExpectation = 1;
-inline constexpr int endScript = 2;
 
 class Player final : public Presentation
 {
 public:
     explicit Player(std::vector<Action> theScript) : script(std::move(theScript)) {}
 
-    // Starts the program and plays the script to its end or the program's. Returns the exit code.
+    // Starts the program and plays until the script or the program ends. Returns the exit code.
     int Play(Form &theFirstForm);
-
-    // Prints a line: what it is about, and a text, of several lines maybe.
-    static void Say(const Text &theWhat, const Text &theText);
 
     void Show(Form &theForm) override;
     void Unload(Form &theForm) override;
@@ -41,39 +34,22 @@ public:
     void Ended(int theCode) override;
 
 private:
-    struct History {
-        std::vector<Text> Pages;
-        std::size_t At = 0;
-    };
-
     void PlayLines();
     bool IsHeldBack(const Action &theAction);
-    void Do(const Action &theAction);
-    void DoTo(const Action &theAction, Element &theElement);
-    void Follow(const Action &theAction);
-    void LookAtFile(const Action &theAction);
-    void ShowAll(const Action &theAction);
-    void NeedPossible(const Action &theAction, bool wasPossible);
-    [[noreturn]] void StopAt(const Action &theAction, int theCode, const Text &theWhy);
-    void FindTimers();
-    void TickDueTimers();
-    bool AdvanceToNextTimer();
-    void OpenPage(Browser &theBrowser, const Text &theAddress);
+    Outcome Do(const Action &theAction);
+    [[noreturn]] void StopAt(const Action &theAction, const Outcome &theOutcome);
     void Finish();
 
-    std::vector<Action> script;
+    const std::vector<Action> script;
     std::size_t next = 0;
     long yields = 0;
-    long idleWaits = 0;  // in a row, with no line played
-    long now = 0;        // milliseconds of the player's clock
-    long nextDue = 0;    // no timer is due before this
-    bool timersChanged = true;
-    std::map<Timer *, long> due;
-    const Form *awaited = nullptr;  // the screen that the line in hand waits for
+    long idleWaits = 0;             // successive waits during which no line was played
+    const Form *awaited = nullptr;  // the screen that the current "wait" waits for
+    PlayerClock clock;
+    PlayerBrowser browser;
     std::deque<Text> answers, files;
-    std::map<Text, long> boxes;
+    std::map<Text, long> boxes;  // how often each message was shown
     Text lastBox;
-    std::map<Browser *, History> histories;
     std::set<const Form *> shown;
     bool hasEnded = false;
     int code = 0;

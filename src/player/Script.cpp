@@ -8,7 +8,7 @@ static Text Trimmed(const Text &theText)
     return from == Text::npos ? Text() : theText.substr(from, theText.find_last_not_of(" \t\r") - from + 1);
 }
 
-// Takes the first word off theRest.
+// Removes the first word from theRest and returns it.
 static Text TakeWord(Text &theRest)
 {
     const std::size_t end = std::min(theRest.find_first_of(" \t"), theRest.size());

@@ -1,4 +1,4 @@
-// ferncastle-play: plays a script of a user's actions, without a display.
+// The program ferncastle-play: Ferncastle without a display, played by a script.
 #include "core/TextOps.h"
 #include "core/frmSplash.h"
 #include "disk/Files.h"
@@ -12,9 +12,12 @@
 
 static const char *const usage =
     "usage: ferncastle-play [--program-dir DIR] [--drive x=DIR]... [--seed N] [SCRIPT]\n"
-    "DIR of --drive stands for drive x:, from d: on; c: is the root of this machine.\n"
-    "Plays SCRIPT, or standard input: a user's actions, one a line. DEVELOPING.md tells the verbs.\n"
-    "Exit status: 0 played, 1 an expectation failed, 2 the script is wrong, 3 a failure, 4 a standstill.\n";
+    "Plays a user's actions, one per line, from SCRIPT or from standard input. DEVELOPING.md describes them.\n"
+    "--program-dir takes another program directory than the one that holds this program.\n"
+    "--drive makes DIR the drive x:, for letters from d: on; drive c: is the root directory of this computer.\n"
+    "--seed makes the random choices of a run repeatable.\n"
+    "Exit status: 0 the script was played, 1 an expectation failed, 2 the script is wrong, 3 a failure, 4 a "
+    "standstill.\n";
 
 static Text FullPath(const Text &thePath)
 {
@@ -45,7 +48,7 @@ int main(int argc, char **argv)
         }
     }
     if (!Files::IsDirectory(Paths::ProgramDir())) {
-        std::cerr << "there is no program directory " << Paths::ProgramDir() << '\n';
+        std::cerr << "no such program directory: " << Paths::ProgramDir() << '\n';
         return endScript;
     }
     std::ifstream file(scriptFile);

@@ -1,5 +1,5 @@
-// Pictures of all screens: ferncastle-screens PROGRAM-DIR OUT-DIR [long]. PROGRAM-DIR holds a project 0001 that has
-// been run. With QT_SCALE_FACTOR=2 the pictures are twice as fine; with "long" all names and paths are.
+// Makes pictures of all screens: ferncastle-screens PROGRAM-DIR OUT-DIR [long]. PROGRAM-DIR holds a project 0001 that
+// has been run. QT_SCALE_FACTOR=2 doubles the resolution; "long" uses long names and paths.
 #include "core/AppVars.h"
 #include "core/TextOps.h"
 #include "core/frmSplash.h"
@@ -36,7 +36,7 @@ int main(int argc, char **argv)
         std::cerr << "usage: ferncastle-screens PROGRAM-DIR OUT-DIR [long]\n";
         return 2;
     }
-    // Paths as short as a user's, wherever the directory lies.
+    // Keeps the paths in the pictures short, wherever the directory is.
     Paths::MapDrive('c', QFileInfo(QDir(argv[1]).absolutePath()).path().toStdString());
     Paths::SetProgramDir(QDir(argv[1]).absolutePath().toStdString());
     Application::ApplyStyle();
@@ -47,7 +47,7 @@ int main(int argc, char **argv)
         Window *window = desktop.WindowOf(form);
         window->grab().save(out.filePath(QStringLiteral("%1%2.png").arg(form.Name, theWords)));
     };
-    // A box that nobody answers would wait for ever.
+    // An unanswered message box would wait forever.
     QTimer watch;
     watch.callOnTimeout([] {
         if (const QWidget *box = QApplication::activeModalWidget()) {
@@ -81,7 +81,7 @@ int main(int argc, char **argv)
             save(*form, "");
             for (Element *element : form->Elements()) {
                 auto *spot = dynamic_cast<Image *>(element);
-                if (spot && spot->Now.AccessibleName.starts_with("Help: ") && spot->Design.Click && UserClick(*spot))
+                if (spot && spot->Design.As == Role::Help && UserClick(*spot))
                     break;
             }
             Wait(150);
@@ -89,7 +89,7 @@ int main(int argc, char **argv)
             form->Unload();
         }
     }
-    // The run and the report are met on their way.
+    // Takes the pictures of the run and the report screens while they work.
     int step = 0;
     QTimer look;
     look.callOnTimeout([&] {

@@ -18,7 +18,7 @@
 
 static bool IsReading(const Control &theControl)
 {
-    return dynamic_cast<const Label *>(&theControl) && theControl.Design.Style == TextStyle::HelpText;
+    return theControl.Design.As == Role::HelpText;
 }
 
 static bool IsFilledIn(const Control &theControl)

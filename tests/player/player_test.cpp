@@ -1,6 +1,7 @@
-// The player's language, its reading of pages, and how it ends.
+// The player's language, its reading of pages, and its exit codes.
 #include "TestSite.h"
 #include "core/frmLists.h"
+#include "player/GivenVars.h"
 #include "player/PageReader.h"
 #include "player/Player.h"
 #include <cstdlib>
@@ -81,12 +82,12 @@ TEST_F(Playing, EndsAreToldByTheirCodes)
         {start + "close frmWelcome\n", 0, "ended"},
         {start + "\nexpect frmWelcome.chkHideWelcome ticked", endExpectation, "line 3: expect"},
         {start + "refuse frmWelcome.btnNext", endExpectation, "could click it"},
-        {start + "holds domains.lst never in it", endExpectation, "it does not"},
+        {start + "holds domains.lst never in it", endExpectation, "it does not contain that"},
         {"click frmWelcome.btnNext", endScript, "no user could do that now"},
         {start + "click frmWelcome.btnNowhere", endScript, "there is no frmWelcome.btnNowhere"},
         {start + "dance frmWelcome.btnNext", endScript, "no such action"},
         {"given No 1", endScript, "no such variable"},
-        {start + "wait frmReport", endScript, "line 2: wait frmReport: this will never come"}};
+        {start + "wait frmReport", endScript, "line 2: wait frmReport: this never happens"}};
     for (const auto &[script, code, says] : rows)
         EXPECT_TRUE(Play(script) == code && Said(says)) << script << "\n" << OnDisk("log");
     EXPECT_TRUE(Play("", "--wrong") == endScript && Said("usage: ferncastle-play"));

@@ -1,6 +1,6 @@
+#include "player/GivenVars.h"
 #include "core/AppVarNames.h"
 #include "core/TextOps.h"
-#include "player/Script.h"
 
 bool SetAppVar(const Text &theName, const Text &theValue)
 {

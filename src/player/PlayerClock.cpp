@@ -1,0 +1,68 @@
+#include "player/PlayerClock.h"
+#include "toolkit/Gates.h"
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+static constexpr long never = std::numeric_limits<long>::max();
+
+void PlayerClock::Restart(Timer &theTimer)
+{
+    due.erase(&theTimer);
+    timersChanged = true;
+}
+
+void PlayerClock::FindTimers()
+{
+    timersChanged = false;
+    nextDue = never;
+    for (const Form *form : Form::All())
+        for (Element *element : form->Elements()) {
+            auto *timer = dynamic_cast<Timer *>(element);
+            if (!timer)
+                continue;
+            if (!form->Loaded || !timer->Now.Enabled || timer->Now.Interval <= 0) {
+                due.erase(timer);
+                continue;
+            }
+            const long when = due.try_emplace(timer, now + timer->Now.Interval).first->second;
+            if (!timer->Running)
+                nextDue = std::min(nextDue, when);
+        }
+}
+
+void PlayerClock::TickDueTimers()
+{
+    if (timersChanged)
+        FindTimers();
+    if (now < nextDue)
+        return;
+    std::vector<Timer *> ticking;
+    for (const auto &[timer, when] : due)
+        if (when <= now && !timer->Running)
+            ticking.push_back(timer);
+    for (Timer *timer : ticking) {
+        if (due.contains(timer))
+            due[timer] = now + timer->Now.Interval;
+        timersChanged = true;
+        TimerTick(*timer);
+        timersChanged = true;
+    }
+    FindTimers();
+}
+
+void PlayerClock::Advance()
+{
+    ++now;
+    TickDueTimers();
+}
+
+bool PlayerClock::AdvanceToNextTimer()
+{
+    FindTimers();
+    if (nextDue == never)
+        return false;
+    now = std::max(now, nextDue);
+    TickDueTimers();
+    return true;
+}
