@@ -12,13 +12,13 @@
 
 using namespace std::chrono_literals;
 
-// A press that isn't answered by then has been lost.
+// After this time without a response, a click counts as lost.
 static constexpr auto patience = 10s;
 
 namespace
 {
-// Hands its events over as a platform of Qt does what comes in on a thread of its own: they go through the queue of the
-// window system's events, and Qt finds the widget that lies there.
+// Puts its events into Qt's queue of window-system events, like a platform plugin that reads input in a thread of its
+// own. Qt then finds the widget at that place.
 class QueueMouse final : public Mouse
 {
 public:
@@ -32,7 +32,7 @@ public:
     void Release() override { Put(Qt::NoButton, QEvent::MouseButtonRelease); }
 
 private:
-    // Comes back when the program has taken the event out of the queue.
+    // Returns when the program has taken the event from the queue.
     void Put(Qt::MouseButtons theHeld, QEvent::Type theType) const
     {
         const auto now = std::chrono::steady_clock::now().time_since_epoch();
@@ -44,7 +44,7 @@ private:
 };
 
 #ifdef FERNCASTLE_XTEST
-// Has the X server do as if its mouse were pressed, by way of a connection of its own.
+// Makes the X server simulate mouse clicks, over a connection of its own.
 class ServerMouse final : public Mouse
 {
 public:
@@ -54,7 +54,7 @@ public:
         const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
         xcb_test_fake_input(server, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, root, static_cast<std::int16_t>(place.x()),
             static_cast<std::int16_t>(place.y()), 0);
-        // A process that ended in mid-click has left it pressed.
+        // An earlier process may have ended with the button pressed.
         Put(XCB_BUTTON_RELEASE);
     }
     ~ServerMouse() override { xcb_disconnect(server); }
@@ -86,7 +86,7 @@ static QWidget &WidgetOf(const Window &theWindow, const char *theName)
     return *theWindow.WidgetOf(*theWindow.TheForm.Find(theName));
 }
 
-// The two buttons lie on one spot, so that the mouse needn't move.
+// Both buttons are in the same place, so the mouse need not move.
 Presser::Presser(Window &theRunScreen, double theSpan)
     : resume(WidgetOf(theRunScreen, "btnResume")), mouse(Mouse::Over(WidgetOf(theRunScreen, "btnPause")))
 {
@@ -104,10 +104,10 @@ static void Wait(double theMilliseconds)
     std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(theMilliseconds));
 }
 
-// Clicks and waits until the program has come to theGoal. False when the walk is over.
+// Clicks and waits until theGoal is reached. False when the walk is over.
 bool Presser::ClickFor(State theOnItsWay, State theGoal)
 {
-    // A finger takes its time, and so the letting go isn't bound to the moment at which the press was taken up.
+    // Like a finger, waits before the release, so that its time does not depend on when the press was processed.
     mouse->Press();
     Wait(5 + 25 * std::uniform_real_distribution<double>(0, 1)(draw));
     std::unique_lock guard(lock);
@@ -125,7 +125,7 @@ bool Presser::ClickFor(State theOnItsWay, State theGoal)
     return state == theGoal;
 }
 
-// Short and long stretches of undisturbed run alike: the longer one, the more is outstanding when it is paused.
+// Lets the run work undisturbed for short and for long periods: after a long one more writes are pending at the pause.
 void Presser::Work(double theSpan)
 {
     std::uniform_real_distribution<double> part(0, 1);
@@ -156,7 +156,7 @@ void Presser::HasChanged(const Element &theElement)
     }
 }
 
-// The picture is on its way to the screen once the painting that it is part of is done.
+// Notes the time only after the current paint event has finished.
 bool Presser::eventFilter(QObject *theObject, QEvent *theEvent)
 {
     if (theObject == &resume && theEvent->type() == QEvent::Paint)
@@ -177,15 +177,15 @@ void Presser::Painted()
 void Presser::WalkEnds()
 {
     const std::lock_guard guard(lock);
-    // A click that came too late for an answer; that it had to wait longer than it may counts all the same.
+    // The walk ended before the program responded to the click. A wait of more than 50 ms counts all the same.
     if (const double waited = MillisecondsSinceClick(); state == State::Clicked && waited > 50)
         served.push_back({waited, waited});
     state = State::Over;
     isOther.notify_one();
 }
 
-// The thread may be waiting for the program to take an event up, so it is left alone: the process ends now.
-void Presser::Tell()
+// Does not join the thread, which may be waiting for the program to process an event: the process ends now.
+void Presser::PrintResults()
 {
     const std::lock_guard guard(lock);
     for (const Served &click : served)

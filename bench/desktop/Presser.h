@@ -1,4 +1,4 @@
-// Pauses a run and resumes it, from a thread of its own, and measures how long a press takes to be served.
+// Pauses and resumes a run from another thread, and measures how long the program takes to respond to the clicks.
 #pragma once
 #include "desktop/Window.h"
 #include <QPointF>
@@ -12,28 +12,28 @@
 
 class QWindow;
 
-// A mouse that stands over one spot of a window and isn't moved by the program's thread.
+// A simulated mouse at a fixed place over a window. It does not use the program's thread.
 class Mouse
 {
 public:
     virtual ~Mouse() = default;
     virtual void Press() = 0;
     virtual void Release() = 0;
-    // The X server's own mouse where there is an X server, else one that puts its events where a platform of Qt does.
+    // Under an X server, the mouse of the server; otherwise one that puts events into Qt's window-system queue.
     static std::unique_ptr<Mouse> Over(const QWidget &theWidget);
 };
 
 class Presser : public QObject
 {
 public:
-    // Begins to press, at times up to theSpan milliseconds apart.
+    // Starts to click, at random intervals of up to theSpan milliseconds.
     Presser(Window &theRunScreen, double theSpan);
-    // What the program tells its front, on the program's thread.
+    // To be called when the presentation is told of a change, and of the end of the walk, in the program's thread.
     void HasChanged(const Element &theElement);
     void WalkEnds();
-    // Prints a line a press: milliseconds from the letting go of the mouse's button, which is what makes it a click,
-    // until the program's handler has answered, and until Resume is painted.
-    void Tell();
+    // Prints one line for each click: the milliseconds from the release of the mouse button until the program's handler
+    // has responded, and until Resume is painted.
+    void PrintResults();
 
 protected:
     bool eventFilter(QObject *theObject, QEvent *theEvent) override;

@@ -1,14 +1,14 @@
-// One run of a site, in the player or in the windows, and what it costs to be looked at; bench/window calls it.
+// Runs a site once, in the player or in the windows, to measure what the windows cost; bench/window calls it.
 //
 //   ferncastle-bench-window player|window PROGRAM-DIR SITE-DIR SCRIPT [SPAN]
 //
-// Plays SCRIPT up to the run and measures from the first tick of the run's timer to the moment at which the program
-// asks for its report to be shown: the walk, the report pages, the route pass, and all that is put on the disk by then;
-// in the windows also what is painted meanwhile and the opening of the screen that says so. Neither the start of Qt nor
-// the wizard, neither the report's window nor its page. Then the process ends.
+// Plays SCRIPT up to the run and measures from the first tick of the run's timer until the program asks for its report
+// to be shown. This includes the walk, the report pages, the route pass and all writing; in the windows also the
+// painting and the opening of frmGeneratingReport. It does not include the start of Qt, the wizard, or the report's
+// window and page. Then the process ends.
 //
-// With SPAN the run is paused and resumed instead, at random times up to SPAN milliseconds apart, by presses that come
-// from outside the program's thread.
+// With SPAN the program measures clicks instead: another thread pauses and resumes the run at random intervals of up to
+// SPAN milliseconds.
 #include "Presser.h"
 #include "core/AppVars.h"
 #include "core/frmSplash.h"
@@ -41,7 +41,7 @@ double MillisecondsSince(Clock::time_point theStart)
     return std::chrono::duration<double, std::milli>(Clock::now() - theStart).count();
 }
 
-// Processor time of the calling thread alone: what other processes do meanwhile touches it little.
+// The processor time of the calling thread, on which other processes have little influence.
 double ThreadMilliseconds()
 {
     timespec now = {};
@@ -52,15 +52,15 @@ double ThreadMilliseconds()
 [[noreturn]] void EndWith(int theCode)
 {
     std::fflush(stdout);
-    // From wherever the program stands.
+    // Ends the process at once, wherever the program is.
     std::_Exit(theCode);
 }
 
-// Stands between the program and its front while the run lasts; costs both fronts the same.
+// Stands between the program and its presentation during the run. Its cost is the same for both presentations.
 class Watch final : public QObject, public Presentation
 {
 public:
-    // theDesktop is null in the player, theSpan 0 where nobody presses.
+    // theDesktop is null in the player; theSpan is 0 to measure no clicks.
     Watch(Presentation &theFront, Desktop *theDesktop, double theSpan) : front(theFront)
     {
         if (!theDesktop)
@@ -80,7 +80,7 @@ public:
     void Show(Form &theForm) override
     {
         if (&theForm == &frmReport::Me)
-            Tell();
+            PrintResults();
         const auto began = Clock::now();
         front.Show(theForm);
         frontTime += MillisecondsSince(began);
@@ -110,7 +110,7 @@ public:
             lastLook = Clock::now();
         }
     }
-    // A box would wait for somebody; it is answered at once, in both fronts.
+    // Answers boxes at once, in both presentations, because a box in the windows would wait for a user.
     int MsgBox(const Text &, int theFlags, const Text &) override { return theFlags & msgYesNo ? answerNo : answerOK; }
     void Unload(Form &theForm) override { front.Unload(theForm); }
     void Focus(Control &theControl) override { front.Focus(theControl); }
@@ -145,7 +145,7 @@ protected:
     }
 
 private:
-    // A real yield: Qt's queue is looked at, and what has changed is painted.
+    // A yield in which Qt processes events and paints what has changed.
     void NoteLook()
     {
         if (!isYielding || hasLooked)
@@ -155,12 +155,12 @@ private:
         longestGap = std::max(longestGap, MillisecondsSince(lastLook));
     }
 
-    void Tell()
+    void PrintResults()
     {
         const double time = MillisecondsSince(start);
         const double threadTime = ThreadMilliseconds() - threadStart;
         if (presser) {
-            presser->Tell();
+            presser->PrintResults();
             EndWith(0);
         }
         if (runScreen && paintings == 0) {
@@ -179,7 +179,7 @@ private:
     long yields = 0, looks = 0, paintings = 0;
     bool isYielding = false, hasLooked = false;
     double walkTime = 0, longestGap = 0, longestGapOfWalk = 0;
-    double frontTime = 0;  // in real yields, and in showing what must be seen at once
+    double frontTime = 0;  // spent in event processing, and in painting at once
     const Clock::time_point start = Clock::now();
     const double threadStart = ThreadMilliseconds();
     Clock::time_point lastLook = start, lookBegan = start;
@@ -190,7 +190,7 @@ double span = 0;
 Handler runTick = nullptr;
 void (*whenRunBegins)() = nullptr;
 
-// In place of the run timer's own procedure.
+// Replaces the procedure of the run's timer.
 void WatchedTick()
 {
     if (whenRunBegins)
@@ -200,7 +200,7 @@ void WatchedTick()
     runTick();
 }
 
-// A user who does at the windows what the script says, each line as soon as it can be done.
+// A user who does in the windows what the script says, each line as soon as it is possible.
 class User : public QTimer
 {
 public:
@@ -247,7 +247,7 @@ int RunInWindows(int &theCount, char **theWords, std::vector<Action> theScript)
     desktop = &windows;
     user = new User(std::move(theScript));
     whenRunBegins = [] { user->stop(); };
-    // A run that doesn't get as far as its report.
+    // In case the run never gets to its report.
     QTimer::singleShot(std::chrono::minutes(10), [] { EndWith(2); });
     return windows.Run(frmSplash::Me);
 }
@@ -265,14 +265,14 @@ int main(int argc, char **argv)
     std::ifstream file(argv[4]);
     if (argc > 5)
         span = std::strtod(argv[5], nullptr);
-    // All runs of a site draw the same numbers.
+    // All runs of a site use the same random numbers.
     SetClock(1);
     auto *timer = frmProcess::Me.Find<Timer>("Timer1");
     runTick = timer->Design.Tick;
     timer->Design.Tick = timer->Now.Tick = WatchedTick;
     std::vector<Action> script = ReadScript(file);
     const int code = front == "player" ? Player(script).Play(frmSplash::Me) : RunInWindows(argc, argv, script);
-    // A run ends the process where it shows its report.
-    std::cerr << "the script has not come to its report\n";
+    // A successful run has ended the process when it showed its report.
+    std::cerr << "the script did not get to its report\n";
     return code == 0 ? 2 : code;
 }

@@ -1,4 +1,4 @@
-// The whole program in real windows, on a program directory of its own that holds all that is shipped.
+// Runs the whole program in real windows, in a program directory of its own with all the shipped data.
 #pragma once
 #include "core/AppVars.h"
 #include "core/frmSplash.h"
@@ -45,26 +45,26 @@ public:
         std::filesystem::remove_all(program);
     }
 
-    // Runs the program from its start to its end; theUser is what somebody does meanwhile.
+    // Runs the program from start to end. theUser plays the user.
     void RunProgram(const std::function<void()> &theUser, Form &theFirstForm = frmSplash::Me)
     {
         QTimer::singleShot(0, [=] {
             theUser();
-            // A user who has found a fault has nothing more to say.
+            // After a failure the user's further steps would only wait in vain.
             if (HasFailure())
                 QCoreApplication::exit(99);
         });
         code = desktop->Run(theFirstForm);
     }
 
-    // A project as the wizard leaves it, its site being the sample.
+    // Makes a project for the sample site, as the wizard would.
     void MakeProject() const
     {
         ProjectNumber = "0001";
         ProjectMode = "load";
         ProjectName = "Fern and Friends";
         DomainName = "fernandfriends.example";
-        // The same new names each time, with keywords: bare numbers would soon meet twice.
+        // Makes the new names repeatable. They contain keywords, because bare numbers would soon collide.
         SetClock(1);
         KeywordsPerFilename = 3;
         LocalSiteDir = Paths::ProgramDir() + "\\sample\\";
@@ -78,10 +78,10 @@ public:
         write(".dir", LocalSiteDir + "[]");
         write(".key", "moss\r\nfern\r\nshade\r\nfronds\r\n");
     }
-    // Shows a screen at once, whatever the way to it; those that showed close.
+    // Shows a screen directly and closes the others.
     void GoTo(Form &theForm) const
     {
-        // A screen that comes up before an application that nobody looks at isn't given the keyboard.
+        // A window gets the focus only if the application is active.
         ASSERT_TRUE(WaitUntil([] { return QGuiApplication::applicationState() == Qt::ApplicationActive; }));
         HelpBoxOpen = false;
         theForm.Show();
@@ -122,7 +122,7 @@ public:
             return window && window->isVisible() && window == QApplication::activeWindow();
         })) << theForm;
     }
-    // A click with the mouse, where nothing lies in front.
+    // Clicks with the mouse; fails when another widget covers the control.
     void Click(const Text &theName) const
     {
         QWidget *widget = WidgetOf(theName);
@@ -132,7 +132,7 @@ public:
             << theName << " is covered";
         QTest::mouseClick(widget, Qt::LeftButton, {}, middle);
     }
-    // A key for whatever has the focus; letters for it.
+    // Key presses a key, and Type types a text, in the widget that has the focus.
     static void Key(Qt::Key theKey, Qt::KeyboardModifiers theModifiers = {})
     {
         QWidget *focus = QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
@@ -144,13 +144,13 @@ public:
         ASSERT_TRUE(QApplication::focusWidget());
         QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(theText));
     }
-    // The name of the control that the keyboard acts on.
+    // The name of the control that has the focus.
     static Text Focused()
     {
         const QWidget *focus = QApplication::focusWidget();
         return focus ? focus->objectName().toStdString() : "(none)";
     }
-    // Does something as soon as it can be done, in the midst of whatever is running then.
+    // Runs theAction as soon as isSo is true, also from within a nested event loop.
     template <class Condition, class Action> static void When(Condition isSo, Action theAction)
     {
         auto *look = new QTimer(qApp);
@@ -163,7 +163,7 @@ public:
         });
         look->start(5);
     }
-    // The same to the next modal box. The words of the box are kept.
+    // Runs theAction on the next modal box; boxSaid keeps its text.
     template <class Action> void InNextBox(Action theAction)
     {
         const auto isThere = [] {

@@ -1,4 +1,4 @@
-// The boxes before the windows, and texts of every kind in boxes and on screens.
+// Message boxes, and unusual texts in boxes and on screens.
 #include "WindowTest.h"
 #include "desktop/Boxes.h"
 #include "toolkit/Gates.h"
@@ -13,7 +13,7 @@
 #include <QScreen>
 #include <QTextDocumentFragment>
 
-// A screen with one button; what a click on it does is the test's.
+// A screen with one button, which runs theClick.
 static Form &Probe(Handler theClick)
 {
     static Form probe{"frmProbe", {.Width = 600, .Height = 435}};
@@ -78,7 +78,7 @@ TEST_F(WindowTest, EqualBoxesCanBeSilenced)
         MsgBox("Error copying");
     });
     Text seen;
-    // Notes each box: whether it offers to be seen no more. The fourth is taken at its word.
+    // Notes for each box whether it can be silenced, and silences the fourth.
     const std::function<void(QWidget &)> answer = [&](QWidget &theBox) {
         auto *optOut = theBox.findChild<QCheckBox *>();
         seen += std::to_string(times) + (optOut ? "+ " : " ");
@@ -113,7 +113,7 @@ TEST_F(WindowTest, UntrappedFailure)
                 EXPECT_EQ(dynamic_cast<QMessageBox &>(theBox).icon(), QMessageBox::Critical);
                 const Text informs = Informs(theBox);
                 EXPECT_TRUE(informs.starts_with("no such <b>directory</b>\n\nc:\\R&D\\<i>x</i>")) << informs;
-                // What is said stands there as it is, not as a page's text.
+                // The text must not be taken for HTML.
                 for (const auto *label : theBox.findChildren<QLabel *>())
                     EXPECT_TRUE(label->text().isEmpty() || label->textFormat() == Qt::PlainText);
                 QTest::keyClick(&theBox, Qt::Key_Return);
@@ -154,7 +154,7 @@ TEST_F(WindowTest, TextsOfEveryKind)
 {
     StartProgram(frmSplash::Me);
     MakeProject();
-    // Not UTF-8, with what menus and pages take for marks of their own.
+    // Not UTF-8, and with characters that have a meaning in menus and in HTML.
     ProjectName = "F\xE4rn & <b>S\xF6hne</b> && R&D";
     const QString name = QStringLiteral("F\u00E4rn & <b>S\u00F6hne</b> && R&D");
     LocalSiteDir = Paths::ProgramDir();
@@ -181,7 +181,7 @@ TEST_F(WindowTest, TextsOfEveryKind)
     EXPECT_EQ(row("frmLoad.lstProjNames"), name);
     InNextBox([&](QWidget &theBox) {
         EXPECT_EQ(dynamic_cast<QMessageBox &>(theBox).textFormat(), Qt::PlainText);
-        // All of it is to be read: a long path goes on in the next line.
+        // All of the text must be readable: a long path wraps.
         for (const auto *label : theBox.findChildren<QLabel *>()) {
             const QRect words = label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
             EXPECT_LE(words.width(), label->width());

@@ -5,10 +5,10 @@
 int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    // Windows drawn in memory, unless somebody wants to watch.
+    // Draws the windows in memory, unless another platform is set to watch the tests.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // What that platform can't do, and says for each window.
+    // Hides the warnings of that platform about what it does not support.
     qputenv("QT_LOGGING_RULES", "qt.qpa.*=false;qt.webenginecontext=false");
     Application::PrepareProcess();
     QApplication application(argc, argv);

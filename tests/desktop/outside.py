@@ -1,5 +1,5 @@
-"""Goes the whole way through the program from outside, as somebody with a screen reader does: knows nothing but
-accessible names and roles. Then looks at what is on the disk. Started by outside.sh with the program's directory."""
+"""Drives the whole program from outside through accessibility, as a screen reader does: it knows only accessible names
+and roles. Then it checks the files on the disk. outside.sh starts it with the program's directory."""
 import os
 import re
 import subprocess
@@ -17,22 +17,22 @@ BUTTON, CHECK, TEXT, LIST, ROW, LABEL, COMBO, MENU, PAGE = (
     Role.DOCUMENT_WEB)
 NAMED = (Role.FRAME, Role.DIALOG, Role.ALERT, BUTTON, CHECK, TEXT, LIST, ROW, COMBO, MENU, PAGE)
 ENTER, ESCAPE = 0xFF0D, 0xFF1B
-LIMIT = 30  # seconds; what is waited for comes within one, unless the machine is busy
+LIMIT = 30  # seconds; a reply takes less than one unless the machine is busy
 
 directory = sys.argv[1]
-announced = []  # the controls that the focus went to, as screen readers were told, and their roles then
+announced = []  # the controls that were announced as having the focus, with their roles
 
 
 class Wrong(Exception):
-    """What the program got wrong."""
+    """A fault of the program."""
 
 
 class Absent(Exception):
-    """What was looked for isn't showing, or no longer."""
+    """A control is not showing, or not any more."""
 
 
 def until(what, test):
-    """Waits until the test gives something, and returns it."""
+    """Waits until test() returns a true value, and returns it."""
     end = time.monotonic() + LIMIT
     while True:
         while GLib.MainContext.default().iteration(False):
@@ -58,7 +58,7 @@ def children(node):
 
 
 def window():
-    """The foremost window."""
+    """The window in front."""
     for app in children(Atspi.get_desktop(0)):
         if app.get_process_id() == program.pid:
             for top in reversed(children(app)):
@@ -68,7 +68,7 @@ def window():
 
 
 def showing(node=None):
-    """What shows in the foremost window, but for what is in a page of the browser."""
+    """All that shows in the window in front, except the contents of a browser page."""
     yield (node := node or window())
     for child in children(node) if node.get_role() != PAGE else []:
         if has(child, State.SHOWING):
@@ -76,7 +76,7 @@ def showing(node=None):
 
 
 def told():
-    """What a screen reader would tell now, for who looks for what went wrong."""
+    """What a screen reader would read out now, for error messages."""
     try:
         return "; ".join(
             f"{node.get_role().value_nick} '{node.get_name()[:50]}'{' in focus' if has(node, State.FOCUSED) else ''}"
@@ -127,13 +127,13 @@ def press(name):
 
 
 def fill(name, text):
-    """All in one go, as dictation does."""
+    """Sets the whole text at once, as dictation does."""
     if not Atspi.EditableText.set_text_contents(find(TEXT, name), text):
         raise Wrong(f"text '{name}' can't be filled in")
 
 
 def write(text):
-    """On the keyboard: it goes wherever the focus is."""
+    """Types a text on the keyboard, for whatever has the focus."""
     Atspi.generate_keyboard_event(0, text, Atspi.KeySynthType.STRING)
 
 
@@ -150,7 +150,7 @@ def on_focus(event):
 
 
 def focus(role, name):
-    """The focus comes there, and screen readers are told, of the control itself or of the row in it."""
+    """Waits until the control has the focus and it, or a row in it, has been announced to screen readers."""
     def is_there():
         node = seek(role, name)
         return has(node, State.FOCUSED) and announced and node in (announced[-1][0], announced[-1][0].get_parent())
@@ -158,11 +158,11 @@ def focus(role, name):
 
 
 def all_told(title):
-    """Each control that shows is of a kind that screen readers know, and has a name."""
+    """Checks that each control has a name and a role that screen readers know."""
     def faults():
         for node in showing():
             role, name = node.get_role(), node.get_name()
-            # The words of a box can be marked, hence focused; the view around a page passes the focus on.
+            # The text of a box can be selected and so takes the focus; the view of a page passes it on.
             is_known = role in NAMED + (LABEL,) or PAGE in [child.get_role() for child in children(node)]
             if role in NAMED and not name.strip() or has(node, State.FOCUSABLE) and not is_known:
                 yield f"{role.value_nick} '{name}' below {node.get_parent().get_role().value_nick}"
@@ -172,7 +172,7 @@ def all_told(title):
 
 
 def screen(title, role, name, *others):
-    """The screen is in front, its window active, the focus on the control named first; the others are there too."""
+    """Waits for a screen: its window is active, the first control has the focus, and the others are showing."""
     find(LABEL, title)
     until(f"active window with '{title}'", lambda: has(seek(Role.FRAME, ".+"), State.ACTIVE))
     focus(role, name)
@@ -194,8 +194,8 @@ def create_project():
 
     domain = "Your site's domain name"
     screen("Create a New Project", TEXT, "Name your project", (TEXT, domain), (BUTTON, "Back"))
-    # The help box goes out by itself when something is missing, and for a topic. Who can't see it is taken to its text
-    # and back; while it is in, there is nothing of it.
+    # The help box opens when an entry is missing, and for a topic. The focus then moves to its text, and back when it
+    # closes. While it is closed, none of its controls must be showing.
     write("Fern and Friends")
     expect("name", lambda: text_of("Name your project"), "Fern and Friends")
     for button, words in ("Next", "you must enter a domain name"), ("Help: Domain Name", "spelled correctly"):
@@ -215,7 +215,7 @@ def choose_site():
     screen("Choose the location of your site", LIST, site)
     drive = find(COMBO, ".*")
     until("word of what the drive is for", lambda: "Drive of your site" in (drive.get_name(), drive.get_description()))
-    # What was filled in on the screen before has come to the program, not only onto the screen.
+    # The entries of the previous screen must have reached the program.
     expect("domain", lambda: text_of("Your domain name"), "fernandfriends.example")
     write("s")
     expect("directory", lambda: rows_of(site, State.SELECTED), ["sample"])
@@ -256,7 +256,7 @@ def choose_keywords():
 
 def expand():
     quillmark = "I am using Quillmark"
-    # Ticked and left, the box shows on coming back what the program has understood; the sample wants it unticked.
+    # Ticks the box, leaves and comes back: the box must show what the program has stored. Then unticks it again.
     for was_ticked in False, True:
         screen("Using Quillmark", CHECK, quillmark)
         expect("tick on coming", lambda: is_ticked(quillmark), was_ticked)
@@ -273,7 +273,7 @@ def expand():
 def read_report():
     title = "Expansion report: Fern and Friends"
     page = find(PAGE, title)
-    # The run walks through the directories with a list that nobody sees, and nobody is to hear of.
+    # The run uses a hidden list to walk through the directories; its rows must not be announced.
     if any(role == ROW for _, role in announced):
         raise Wrong("while the site was expanded screen readers were told of rows in a hidden list")
     until("active window of the report", lambda: has(seek(Role.FRAME, title), State.ACTIVE))
@@ -292,7 +292,7 @@ def read_report():
 
 def leave():
     for answer in "No", "Yes":
-        # It must not keep a screen reader waiting until the question is answered.
+        # The call must return before the question is answered.
         act(MENU, "Close Report")
         find(LABEL, "Are you sure you want to exit.")
         until("focus on No", lambda: has(seek(BUTTON, "No"), State.FOCUSED))
@@ -325,7 +325,7 @@ def look_at_disk(keywords, told):
 
 Atspi.init()
 Atspi.set_timeout(5000, 15000)
-# Nothing is remembered: each look is at what is there now.
+# Without a cache, so that each query returns the current state.
 Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 listener = Atspi.EventListener.new(on_focus)
 listener.register("object:state-changed:focused")

@@ -1,4 +1,4 @@
-// What a user can do while a run is under way.
+// What a user can do during a run.
 #include "WindowTest.h"
 #include "engine/frmProcess.h"
 #include "toolkit/Gates.h"
@@ -10,7 +10,7 @@
 struct Run : WindowTest {
     static constexpr int pageCount = 200;
 
-    // Pages that name one another, many times over.
+    // Makes a site whose pages have many links to one another.
     void MakeSite() const
     {
         const std::filesystem::path site = program / "made";
@@ -24,7 +24,7 @@ struct Run : WindowTest {
         }
         LocalSiteDir = Paths::ProgramDir() + "\\made\\";
     }
-    // Starts the run as a user does; the actions for its midst are to be given before.
+    // Starts the run as a user does. Actions during the run must be set up before.
     void StartRun()
     {
         MakeProject();
@@ -33,12 +33,12 @@ struct Run : WindowTest {
         Click("frmDoItAlready.btnDoItAlready");
     }
     static int Files() { return std::stoi(Shows("frmProcess.lblFilesCnt")); }
-    // In the midst of the run, once so many pages have been treated.
+    // Runs theAction during the run, once theFiles pages have been processed.
     template <class Action> static void At(int theFiles, Action theAction)
     {
         When([=] { return frmProcess::Me.Visible && Files() >= theFiles; }, theAction);
     }
-    // What the screen shows of a control, painted by whoever painted it last.
+    // A control as it is on the screen now, without repainting it.
     QImage Seen(const Text &theName) const
     {
         const QWidget *widget = WidgetOf(theName);
@@ -72,7 +72,7 @@ struct Run : WindowTest {
         const std::filesystem::directory_iterator pages(program / "0001");
         return static_cast<std::size_t>(std::distance(begin(pages), end(pages)));
     }
-    // The way out, once the report is there.
+    // Waits for the report and leaves the program.
     void LeaveReport()
     {
         AwaitScreen("frmReport");
@@ -94,7 +94,7 @@ TEST_F(Run, PausesAndGoesOn)
             [&] {
                 files = Files();
                 const std::size_t pages = NewPages();
-                // The counts stand, are seen as they stand, and so does what is on the disk.
+                // The counters stand still and are painted, and nothing is written to the disk.
                 EXPECT_TRUE(WaitUntil([&] {
                     paused = Seen("frmProcess.lblFilesCnt");
                     return paused ==
@@ -116,7 +116,7 @@ TEST_F(Run, PausesAndGoesOn)
         const int afterPause = Files();
         At(afterPause + 10, [&] {
             late = Seen("frmProcess.lblFilesCnt");
-            // The frame of a run holds.
+            // The window of a run cannot be closed.
             WindowOf("frmProcess")->close();
             EXPECT_TRUE(frmProcess::Me.Visible);
         });
@@ -129,7 +129,7 @@ TEST_F(Run, PausesAndGoesOn)
     EXPECT_EQ(pauses, 1);
     EXPECT_LT(files, pageCount);
     EXPECT_FALSE(IsBlank(paused));
-    // Nobody but the run itself has painted that.
+    // Only the run itself can have painted this.
     EXPECT_NE(late, paused);
     EXPECT_FALSE(IsBlank(late));
     EXPECT_EQ(NewPages(), pageCount * 21u);
@@ -140,7 +140,7 @@ TEST_F(Run, CancelledLeadsToTheReport)
     int files = 0;
     At(2, [&] {
         files = Files();
-        // In a pause too: it ends with the run.
+        // Cancel works during a pause, too.
         When([] { return The("frmProcess.btnResume").Now.Visible; }, [&] { Click("frmProcess.btnCancel"); });
         Click("frmProcess.btnPause");
     });

@@ -1,4 +1,4 @@
-// What must hold on every screen: words fit, names are there, the keyboard reaches what the mouse does.
+// What must be true of every screen: texts fit, controls have names, and the keyboard reaches what the mouse reaches.
 #include "WindowTest.h"
 #include "toolkit/Gates.h"
 #include "wizard/frmCreate.h"
@@ -28,7 +28,7 @@ static bool IsFilledIn(const Control &theControl)
            dynamic_cast<const DriveList *>(&theControl);
 }
 
-// What a program's text of any length may come to stand in: one line, and the rest in the tip.
+// A label for values of any length: it shows one line, and its tip shows the rest.
 static bool IsValue(const Control &theControl)
 {
     const TextStyle style = theControl.Design.Style;
@@ -41,7 +41,7 @@ static bool IsHelpSpot(const Element &theElement)
     return image && image->Design.As == Role::Help;
 }
 
-// Where a label's words stand, on its window.
+// The rectangle of a label's text in its window.
 static QRect WordsOf(const QLabel &theLabel)
 {
     const int flags = static_cast<int>(theLabel.alignment()) | (theLabel.wordWrap() ? Qt::TextWordWrap : 0);
@@ -51,18 +51,18 @@ static QRect WordsOf(const QLabel &theLabel)
 }
 
 struct Screens : WindowTest {
-    // Each screen in turn, and once more with each topic of its help box out.
+    // Visits each screen, and again with each topic of its help box open.
     template <class Visit> void Walk(Visit theVisit)
     {
         StartProgram(frmSplash::Me);
         MakeProject();
         int visited = 0;
         for (Form *form : Form::All()) {
-            // Stores that nobody sees.
+            // These are stores that are never shown.
             if (Text(form->Name) == "frmLists" || Text(form->Name) == "frmTheFile")
                 continue;
             SCOPED_TRACE(form->Name);
-            // No run is wanted, only its screen.
+            // Shows the run screen without starting a run.
             if (auto *run = form->Find<Timer>("Timer1"); run && Text(form->Name) == "frmProcess")
                 run->Enabled = false;
             GoTo(*form);
@@ -90,7 +90,7 @@ struct Screens : WindowTest {
                 if (QWidget *widget = theWindow.WidgetOf(*control); widget && widget->isVisible())
                     theAction(*control, *widget);
     }
-    // What the keyboard is to reach, in the order of reading.
+    // The Tab stops that a screen must have, in the order of reading.
     static std::vector<QWidget *> Stops(const Form &theForm, Window &theWindow)
     {
         std::vector<QWidget *> Result;
@@ -109,7 +109,7 @@ struct Screens : WindowTest {
     static Text FocusAfter(const std::vector<QWidget *> &theStops, Qt::Key theKey)
     {
         Key(theKey);
-        // A page takes the focus inside its view.
+        // For a page, a child of the view has the focus.
         for (const QWidget *stop : theStops)
             if (const QWidget *focus = QApplication::focusWidget(); stop == focus || stop->isAncestorOf(focus))
                 return stop->objectName().toStdString();
@@ -132,7 +132,7 @@ TEST_F(Screens, WordsFitAndNothingOverlaps)
             const auto *label = qobject_cast<QLabel *>(&theWidget);
             const bool hasWords = dynamic_cast<Label *>(&theControl) && label;
             QRect place = theWidget.geometry();
-            // The ground of the help box reaches below the window.
+            // The background of the help box extends below the window.
             if (Text(theControl.Name) == "bg_help" || dynamic_cast<Shape *>(&theControl))
                 return;
             EXPECT_TRUE(QRect(0, top, size.width(), size.height() - top).contains(place)) << place.width();
@@ -144,7 +144,7 @@ TEST_F(Screens, WordsFitAndNothingOverlaps)
             } else if (hasWords || dynamic_cast<TextBox *>(&theControl)) {
                 EXPECT_LE(theWidget.fontMetrics().height(), theWidget.contentsRect().height());
             }
-            // A check box reaches below its words, a frame below what it frames.
+            // A check box extends below its label.
             for (const auto &[other, there] : places)
                 if (place.intersects(there) && !(dynamic_cast<CheckBox *>(other) && hasWords))
                     ADD_FAILURE() << "overlaps " << other->Name;
@@ -197,7 +197,7 @@ TEST_F(Screens, TabGoesRoundInTheOrderOfReading)
             stops.front()->setFocus(Qt::TabFocusReason);
             for (std::size_t i = 1; i < stops.size(); ++i)
                 EXPECT_EQ(FocusAfter(stops, key), stops[i]->objectName().toStdString());
-            // A page leads the keyboard through its own links first.
+            // In a page, Tab first goes through its links.
             if (!hasPages) {
                 EXPECT_EQ(FocusAfter(stops, key), stops.front()->objectName().toStdString());
             }
@@ -217,7 +217,7 @@ TEST_F(Screens, HelpBox)
     for (int times = 0; times < 10; ++times) {
         Key(Qt::Key_F1);
         EXPECT_EQ(window->size(), QSize(760, 435));
-        // The middle of the window stays, but for half of the difference to its frame.
+        // The window grows to both sides.
         EXPECT_NEAR(window->x(), left - 83.5, 0.5);
         if (times % 2)
             Key(Qt::Key_Escape);
@@ -227,7 +227,7 @@ TEST_F(Screens, HelpBox)
         WaitUntil([&] { return false; }, 20);
         EXPECT_EQ(window->geometry(), place) << times;
     }
-    // A text longer than its place, by the keyboard alone.
+    // A long text can be scrolled with the keyboard.
     Key(Qt::Key_F1);
     auto *reading = window->findChild<QTextEdit *>("textHBText");
     EXPECT_TRUE(WaitUntil([&] { return reading->verticalScrollBar()->maximum() > 0; }));
@@ -257,7 +257,7 @@ TEST_F(Screens, LeftWithTheHelpBoxOut)
     Click("frmLoadCreate.lblCreate1");
     AwaitScreen("frmCreate");
     Window *window = WindowOf("frmCreate");
-    // It opens as wide as ever; its first topic then makes it narrower still, and the second wide again.
+    // It opens at its normal width. The first topic makes it narrower, the second wide again.
     for (const int width : {600, 440, 600}) {
         EXPECT_EQ(window->width(), width);
         EXPECT_EQ(WidgetOf("frmCreate.btnNext")->isVisible(), width == 600);

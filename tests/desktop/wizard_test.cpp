@@ -1,4 +1,4 @@
-// The whole way, by a user who has only the mouse, and by one who has only the keyboard.
+// The whole wizard, once with the mouse only and once with the keyboard only.
 #include "WindowTest.h"
 #include "desktop/Lists.h"
 #include "report/frmReport.h"
@@ -9,7 +9,7 @@
 #include <QWebEngineView>
 #endif
 
-// The entry of a picker that shows these words.
+// Clicks the row whose text ends with theWords.
 static void ClickRow(QAbstractItemView &theView, const QString &theWords, bool isDouble = false)
 {
     const QAbstractItemModel &rows = *theView.model();
@@ -26,7 +26,7 @@ static void ClickRow(QAbstractItemView &theView, const QString &theWords, bool i
     FAIL() << "there is no row " << theWords.toStdString();
 }
 
-// Where the middle of the first link lies whose address holds the words; null while there is none.
+// The middle of the first link whose address contains theWords; null while there is none.
 static QPoint PlaceOfLink(QWidget &theView, const char *theWords)
 {
 #ifdef FERNCASTLE_WEBENGINE
@@ -63,7 +63,7 @@ static QPoint PlaceOfLink(QWidget &theView, const char *theWords)
 }
 
 struct Wizard : WindowTest {
-    // Clicks until the page goes, as people do: what has just been scrolled may not take the first click.
+    // Clicks until the page changes: a page that was just scrolled may ignore the first click.
     static void ClickLink(QWidget &theView, const char *theWords)
     {
         const Text before = Shows("frmReport.txtAddress");
@@ -82,7 +82,7 @@ struct Wizard : WindowTest {
         FAIL() << theWords << " leads nowhere";
     }
     QWidget &View() const { return *WindowOf("frmReport")->PagesOf(frmReport::FinalReportBrowser).View(); }
-    // What the run and its report come to on the sample site.
+    // Checks the numbers in the report on the sample site.
     void ExpectSampleReport(const char *theKeywordsAdded) const
     {
         AwaitScreen("frmReport");
@@ -92,7 +92,7 @@ struct Wizard : WindowTest {
         for (const char *value : {">372<", ">27<", ">5<", theKeywordsAdded})
             EXPECT_TRUE(report.contains(value)) << value;
     }
-    // Waits for a page of the program directory: its address, and its end.
+    // Waits until a page is loaded whose address ends with theEnd.
     static void AwaitPage(const Text &theEnd)
     {
         const auto is = [&] {
@@ -129,9 +129,9 @@ TEST_F(Wizard, ByMouse)
         Click("frmDirectory.btnNext");
         AwaitScreen("frmKeywords");
         InNextBox([](QWidget &theBox) {
-            // It opens beside the program, where the sample keywords lie.
+            // The dialog starts in the program directory, which contains the sample keywords.
             auto *name = theBox.findChild<QLineEdit *>("fileNameEdit");
-            // Pasted: typed, the box would complete it to the first name that fits.
+            // Not typed, because the dialog would complete it to the first matching name.
             name->setText("sample-keywords.txt");
             QTest::keyClick(name, Qt::Key_Return);
         });
@@ -150,7 +150,7 @@ TEST_F(Wizard, ByMouse)
         AwaitPage("0001_store\\report.html");
         ClickLink(View(), "0001");
         AwaitPage("\\0001\\index.html");
-        // A page of the new site leads on to one of its new pages, and back all the way.
+        // Follows a link of the new site to one of its new pages, and goes back to the report.
         ClickLink(View(), ".htm");
         AwaitPage(".htm");
         EXPECT_TRUE(isdigit(Shows("frmReport.txtAddress")[Paths::ProgramDir().size() + 6]));
@@ -194,7 +194,7 @@ TEST_F(Wizard, ByKeyboard)
         EXPECT_EQ(Focused(), "hlpProjName");
         Key(Qt::Key_Tab);
         Type("fernandfriends.example");
-        // A box that has no use for Enter takes it for Next.
+        // In a box that does not use Enter, it works like Next.
         Key(Qt::Key_Return);
         AwaitScreen("frmDirectory");
         EXPECT_EQ(Focused(), "Dir1");
@@ -211,7 +211,7 @@ TEST_F(Wizard, ByKeyboard)
         EXPECT_EQ(Shows("frmKeywords.Text1"), "");
         Key(Qt::Key_N, Qt::AltModifier);
         AwaitScreen("frmKeywordsHowMany");
-        // What the box holds is selected: typing replaces it.
+        // The text of the box is selected, so typing replaces it.
         Type("2");
         EXPECT_EQ(Shows("frmKeywordsHowMany.txtKeywordsPerFilename"), "2");
         Key(Qt::Key_N, Qt::AltModifier);
@@ -226,7 +226,7 @@ TEST_F(Wizard, ByKeyboard)
         Key(Qt::Key_Return);
         ExpectSampleReport(">1488<");
         AwaitPage("report.html");
-        // The menus, by their keys alone.
+        // Opens the menu with the keyboard.
         Key(Qt::Key_Alt);
         AnswerNextBox("Yes");
         Key(Qt::Key_Return);

@@ -1,4 +1,4 @@
-// Plays every script of tests/plays with the real program, each in a program directory of its own.
+// Plays each script of tests/plays with the real program, in a program directory of its own.
 #include "PlayedProgram.h"
 
 namespace fs = std::filesystem;
