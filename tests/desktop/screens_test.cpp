@@ -1,5 +1,6 @@
 // What must be true of every screen: texts fit, controls have names, and the keyboard reaches what the mouse reaches.
 #include "WindowTest.h"
+#include "core/FileHandle.h"
 #include "toolkit/Gates.h"
 #include "wizard/frmCreate.h"
 #include "wizard/frmDirectory.h"
@@ -300,4 +301,34 @@ TEST_F(Screens, DroppedFolder)
     EXPECT_EQ(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath, Paths::ProgramDir() + "\\sample");
     GoTo(frmMenu::Me);
     EXPECT_FALSE(drop("frmMenu", program / "sample", onList));
+}
+
+TEST_F(Screens, RolesDecideWhatTheKeyboardDoes)
+{
+    static Text pressed;
+    static Form probe{"frmProbe", {.Width = 600, .Height = 435}};
+    static MenuItem menu{probe, "menu", {.Caption = "File"}};
+    const auto button = [](const char *theName, double theLeft, Role theRole) {
+        return Face{.At = {theLeft, 60, 92, 34},
+            .AccessibleName = theName,
+            .Picture = InProgramDir("imgs\\btnHelp.jpg"),
+            .As = theRole,
+            .Click = [theName] { pressed += theName; }};
+    };
+    // Neither the names nor the picture say what the buttons are for.
+    static Image a{probe, "a", button("Topic", 0, Role::Help)}, b{probe, "b", button("Onward", 100, Role::Next)},
+        c{probe, "c", button("Leave", 200, Role::Back)}, d{probe, "d", button("Do it", 300, Role::Primary)},
+        e{probe, "e", button("Again", 400, Role::Repeat)};
+    StartProgram(frmSplash::Me);
+    GoTo(probe);
+    EXPECT_EQ(Focused(), "d");
+    Key(Qt::Key_F1);
+    Key(Qt::Key_N, Qt::AltModifier);
+    Key(Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(pressed, "TopicOnwardLeave");
+    Text tips;
+    for (const Image *image : {&a, &b, &c, &d})
+        tips += WindowOf("frmProbe")->WidgetOf(*image)->toolTip().toStdString() + ", ";
+    EXPECT_EQ(tips, "Topic, Onward (Alt+N), Leave (Alt+B), Do it, ");
+    EXPECT_EQ(WindowOf("frmProbe")->WidgetOf(e)->focusPolicy(), Qt::NoFocus);
 }
