@@ -2,6 +2,7 @@
 #include "core/FileHandle.h"
 #include "core/TextOps.h"
 #include "core/Trap.h"
+#include "core/Version.h"
 #include "core/frmLists.h"
 #include "wizard/frmMenu.h"
 #include "wizard/frmWelcome.h"
@@ -20,7 +21,7 @@ void Form_Load()
     Trap([] {
         DevMode = false;
         Init_Vars();
-        const Text version = "1.0.7B";
+        const Text version = ProgramVersion;
         if (DevMode)
             AppTitle += " [DEVMODE]";
         DefaultBoxTitle = AppTitle;

@@ -1,5 +1,6 @@
 // The program ferncastle-play: Ferncastle without a display, played by a script.
 #include "core/TextOps.h"
+#include "core/Version.h"
 #include "core/frmSplash.h"
 #include "disk/Files.h"
 #include "disk/Paths.h"
@@ -12,6 +13,7 @@
 
 static const char *const usage =
     "usage: ferncastle-play [--program-dir DIR] [--drive x=DIR]... [--seed N] [SCRIPT]\n"
+    "       ferncastle-play --version\n"
     "Plays a user's actions, one per line, from SCRIPT or from standard input. DEVELOPING.md describes them.\n"
     "--program-dir takes another program directory than the one that holds this program.\n"
     "--drive makes DIR the drive x:, for letters from d: on; drive c: is the root directory of this computer.\n"
@@ -42,7 +44,10 @@ int main(int argc, char **argv)
             SetClock(static_cast<std::uint64_t>(std::max(0.0, NumberAtStart(value)))), ++i;
         else if (scriptFile.empty() && !word.starts_with("-"))
             scriptFile = word;
-        else {
+        else if (word == "--version") {
+            std::cout << "ferncastle-play " << ProgramVersion << '\n';
+            return 0;
+        } else {
             std::cerr << usage;
             return word == "--help" ? 0 : endScript;
         }

@@ -51,6 +51,10 @@ files_of "$folder" >"$tmp/installed"
 (cd "$folder" && sha256sum --quiet --check installed-files.txt) || fail "the list isn't true"
 ! diff -rq "$source/data" "$folder" | grep -v "^Only in $folder" || fail "data is missing or differs"
 play_in "$folder"
+version=$("$folder/ferncastle-play" --version)
+version=${version#ferncastle-play }
+holds "$build/CMakeCache.txt" "CMAKE_PROJECT_VERSION:STATIC=${version%%[A-Z]*}"
+holds "$tmp/said" "Ferncastle $version is in"
 
 # ---- the user changes things; the same and then a newer version is installed ----
 echo "mine.example" >>"$folder/domains.lst"
@@ -136,7 +140,7 @@ holds "$folder/domains.lst" mine.example
 # ---- the archive: the same files, it plays, and goes but for what is the user's ----
 (cd "$build" && cpack -B "$tmp/packed" >/dev/null)
 mkdir "$tmp/un packed"
-tar -C "$tmp/un packed" -xzf "$tmp/packed/"ferncastle-*-"$(uname -s)-$(uname -m)".tar.gz
+tar -C "$tmp/un packed" -xzf "$tmp/packed/"ferncastle-"$version-$(uname -s)-$(uname -m)".tar.gz
 folder=$(echo "$tmp/un packed/"*)
 files_of "$folder" | diff "$tmp/installed" - || fail "the archive holds other files than the installation"
 play_in "$folder"

@@ -1,0 +1,3 @@
+#include "core/Version.h"
+
+const char *const ProgramVersion = FERNCASTLE_VERSION;
