@@ -1,5 +1,6 @@
-# Lays the shipped data beside the program. What a user may have changed since stays: the saved variables.
-file(COPY ${FROM}/ DESTINATION ${TO} PATTERN variables.sav EXCLUDE)
+# Copies the shipped data beside the program. The saved variables stay as they are there, since the user may have changed
+# them. The README of data is for developers.
+file(COPY ${FROM}/ DESTINATION ${TO} PATTERN variables.sav EXCLUDE PATTERN README.md EXCLUDE)
 if(NOT EXISTS ${TO}/variables.sav)
   file(COPY ${FROM}/variables.sav DESTINATION ${TO})
 endif()

@@ -18,7 +18,11 @@ struct PlayedProgram {
     int expected = 0;
     Text said;  // all that the player wrote
 
-    PlayedProgram() { std::filesystem::copy(FERNCASTLE_DATA_DIR, directory, std::filesystem::copy_options::recursive); }
+    PlayedProgram()
+    {
+        std::filesystem::copy(FERNCASTLE_DATA_DIR, directory, std::filesystem::copy_options::recursive);
+        std::filesystem::remove(directory / "README.md");  // it isn't shipped
+    }
     ~PlayedProgram() { std::filesystem::remove_all(directory); }
     PlayedProgram(const PlayedProgram &) = delete;
     PlayedProgram &operator=(const PlayedProgram &) = delete;
