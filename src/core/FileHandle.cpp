@@ -21,7 +21,7 @@ Text AddTrailingSlash(const Text &thePath)
     return Result;
 }
 
-std::int16_t CopyFile(const Text &fromFile, const Text &toFile)
+std::int16_t CopyFile(const Text &fromFile, const Text &toFile, const Expectation &theExpectation)
 {
     std::int16_t Result = 0;
     Trap([&] {
@@ -36,7 +36,7 @@ std::int16_t CopyFile(const Text &fromFile, const Text &toFile)
         }
         bool isCopied = false;
         Trap([&] {
-            Files::Copy(fromFile, toFile);
+            Files::Copy(fromFile, toFile, theExpectation);
             isCopied = true;
         });
         if (!isCopied) {

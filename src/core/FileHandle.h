@@ -1,14 +1,16 @@
 // File services: testing, copying, reading and writing files, lists and saved variables. A file is read or written
 // whole within one call. Every write ends in CR LF, so saved values carry the end marker "[]".
 #pragma once
+#include "disk/Expectation.h"
 #include "toolkit/Controls.h"
 
 // True when a plain file with that path exists and is not hidden. "*" and "?" in its name are wildcards. Never fails.
 bool ifFileExists(const Text &theFile);
 // thePath, with a backslash added when its last character is not one.
 Text AddTrailingSlash(const Text &thePath);
-// Copies a file, replaces toFile, and creates the directories of toFile. 0 when that was done, 1 when not.
-std::int16_t CopyFile(const Text &fromFile, const Text &toFile);
+// Copies a file, replaces toFile, and creates the directories of toFile. theExpectation is what the copy will be
+// changed to later, where that is known. 0 when that was done, 1 when not.
+std::int16_t CopyFile(const Text &fromFile, const Text &toFile, const Expectation &theExpectation = {});
 // Sets the text of theBox to the whole content of the file. Has no trap: a failure goes to its caller.
 void LoadFileIntoBox(const Text &theFile, TextHolder &theBox);
 

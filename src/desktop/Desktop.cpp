@@ -6,7 +6,6 @@
 #include "desktop/QtText.h"
 #include "disk/Files.h"
 #include "disk/Paths.h"
-#include "disk/PendingWrites.h"
 #include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <QAccessible>
@@ -230,8 +229,7 @@ void Desktop::DoEvents()
 void Desktop::WaitEvents()
 {
     Actions::Yielded();
-    const bool hasMore = PendingWrites::HasAny();
-    ProcessEvents(hasMore ? QEventLoop::AllEvents : QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    ProcessEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
 void Desktop::PaintNow()
@@ -249,7 +247,6 @@ void Desktop::PaintNow()
 
 int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
-    PendingWrites::Flush();
     ShowChanges();
     if (action != ActionsDone())
         boxesShown.clear();
@@ -276,7 +273,6 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 
 Text Desktop::OpenFile(const Text &theFilter)
 {
-    PendingWrites::Flush();
     ShowChanges();
     if (lastDirectory.isEmpty())
         lastDirectory = ToQString(Files::ToHost(Paths::ProgramDir()));
@@ -335,6 +331,8 @@ void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
     }
 }
+
+void Desktop::Lost(const Losses::Loss &) {}
 
 void Desktop::Failure(const RuntimeFailure &theFailure)
 {

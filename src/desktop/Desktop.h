@@ -40,6 +40,7 @@ public:
     void Refresh(Browser &theBrowser) override;
     void Stop(Browser &theBrowser) override;
     void Standstill(const Text &theWhere, const Text &theWhy) override;
+    void Lost(const Losses::Loss &theLoss) override;
     void Failure(const RuntimeFailure &theFailure) override;
     void Ended(int theCode) override;
 

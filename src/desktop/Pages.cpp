@@ -1,7 +1,6 @@
 #include "desktop/Pages.h"
 #include "desktop/Addresses.h"
 #include "desktop/QtText.h"
-#include "disk/PendingWrites.h"
 #include "toolkit/Gates.h"
 #include <QTimer>
 #include <utility>
@@ -48,7 +47,6 @@ void Pages::Open(const QUrl &theUrl)
 
 bool Pages::BeforeNavigate(const QUrl &theUrl)
 {
-    PendingWrites::Flush();
     const Text address = AddressOf(theUrl);
     if (!BrowserGoes(browser, address))
         return false;

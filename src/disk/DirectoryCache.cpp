@@ -1,8 +1,10 @@
 #include "disk/DirectoryCache.h"
+#include "base/Failure.h"
 #include "disk/Paths.h"
 #include <algorithm>
 #include <chrono>
 #include <unordered_map>
+#include <utility>
 
 namespace DirectoryCache
 {
@@ -17,6 +19,7 @@ std::unordered_map<Text, Dir *, PathHash, std::equal_to<>> places;
 unsigned drivesOfPlaces = 0;  // Paths::DriveChanges when they were found
 std::unique_ptr<Dir> hostRoot;
 int recheckInterval = 20;  // milliseconds
+unsigned draftRound = 1;
 
 // A directory that was changed so short a time before it was read may be changed once more within the same tick of the
 // file system's clock.
@@ -84,13 +87,17 @@ void Dir::NoteOwnChange()
 
 void Dir::Recheck()
 {
+    if (HasDrafts() && isTrusted)
+        return;
+    if (std::exchange(drafts, 0) != 0)
+        isTrusted = false;
     const std::int64_t now = Milliseconds();
     if (isTrusted && recheckInterval > 0 && now - lastLook < recheckInterval)
         return;
     lastLook = now;
     const auto [changed, id] = Io::LookAt(HostPath.empty() ? "/" : HostPath);
     // Another directory, or a link, that has taken this one's place is not this one.
-    isGone = changed < 0 || (isTrusted && id != identity);
+    isGone = changed < 0 || (identity != Io::Identity() && id != identity);
     identity = id;
     if (isGone) {
         ForgetPlaces();
@@ -121,7 +128,13 @@ bool Dir::IsLinkToAncestor(const Io::Listed &theName) const
 void Dir::ReadAnew()
 {
     std::vector<Io::Listed> listed;
-    isReadable = Io::ReadDirectory(HostPath.empty() ? "/" : HostPath, listed);
+    readFailure.clear();
+    try {
+        Io::ReadDirectory(HostPath.empty() ? "/" : HostPath, listed);
+    } catch (const RuntimeFailure &failure) {
+        readFailure = failure.What;
+    }
+    isReadable = readFailure.empty() || !listed.empty();
     ForgetListings();
     std::unordered_set<std::string_view> there;
     for (const Io::Listed &one : listed)
@@ -135,9 +148,7 @@ void Dir::ReadAnew()
         areDirectoriesChanged |= (*entry)->What == Io::Kind::Directory;
         entry = entries.erase(entry);
     }
-    for (Io::Listed &one : listed) {
-        if (IsLinkToAncestor(one))
-            one.What = Io::Kind::Other;
+    for (const Io::Listed &one : listed) {
         const auto same = entries.equal_range(std::string_view(one.Name));
         const auto known = std::find_if(same.first, same.second, [&](const auto &e) { return e->Name == one.Name; });
         if (known != same.second && (*known)->What == one.What && (*known)->IsLink == one.IsLink)
@@ -147,7 +158,7 @@ void Dir::ReadAnew()
             areDirectoriesChanged |= (*known)->What == Io::Kind::Directory;
             entries.erase(known);
         }
-        entries.insert(std::make_unique<Entry>(Entry{one.Name, one.What, one.IsLink}));
+        entries.insert(std::make_unique<Entry>(Entry{one.Name, one.What, one.IsLink, IsLinkToAncestor(one)}));
     }
     if (areDirectoriesChanged)
         ForgetPlaces();
@@ -195,6 +206,22 @@ Entry &Dir::Add(std::string_view theName, Io::Kind theKind)
     return **entries.insert(std::make_unique<Entry>(Entry{Text(theName), theKind, false}));
 }
 
+void Dir::AddDraft(std::string_view theName)
+{
+    Add(theName, Io::Kind::File);
+    drafts = draftRound;
+}
+
+bool Dir::HasDrafts() const
+{
+    return drafts == draftRound;
+}
+
+void EndDrafts()
+{
+    ++draftRound;
+}
+
 void Dir::Remove(const Entry &theEntry)
 {
     ForgetListings();
@@ -212,7 +239,8 @@ Names Dir::Listing(Io::Kind theKind)
         std::vector<Text> names;
         for (const auto &entry : entries)
             // Where names may not be read, those that were asked for are no listing.
-            if (isReadable && entry->What == theKind && entry->Name[0] != '.' && entry->Name.find('\\') == Text::npos)
+            if (isReadable && entry->What == theKind && !entry->IsLoop && entry->Name[0] != '.' &&
+                entry->Name.find('\\') == Text::npos)
                 names.push_back(entry->Name);
         std::sort(names.begin(), names.end(), [](const Text &a, const Text &b) {
             const int order = Paths::CompareIgnoringCase(a, b);

@@ -15,6 +15,7 @@ struct Entry {
     Text Name;
     Io::Kind What;
     bool IsLink;
+    bool IsLoop = false;            // a link to one of the directories above it
     std::unique_ptr<Dir> Sub = {};  // made when the directory is first entered
 };
 
@@ -57,24 +58,32 @@ public:
     Dir *Enter(std::string_view theName);
     // Notes a file or directory that the program itself has made.
     Entry &Add(std::string_view theName, Io::Kind theKind);
+    // Notes a file that the writer is about to make. Until EndDrafts the directory isn't looked at again, since it
+    // changes all the time; then it is read anew.
+    void AddDraft(std::string_view theName);
+    bool HasDrafts() const;
     // Notes that the program itself has deleted it.
     void Remove(const Entry &theEntry);
+    // Notes that the program itself has just changed something here, so that it isn't taken for somebody else's change.
+    void NoteOwnChange();
     // Has the directory read anew at the next look-up.
     void Distrust() { isTrusted = false; }
     // The visible names of that kind, ascending ignoring case.
     Names Listing(Io::Kind theKind);
+    // Why its names could not be read, or not all of them; empty when they could.
+    const Text &ReadFailure() const { return readFailure; }
 
 private:
     void ReadAnew();
     bool IsLinkToAncestor(const Io::Listed &theName) const;
-    // Notes that the program itself has changed the names here, so that it isn't taken for somebody else's change.
-    void NoteOwnChange();
     void ForgetListings() { files = directories = nullptr; }
 
     std::unordered_multiset<std::unique_ptr<Entry>, FoldHash, FoldEqual> entries;
     Names files, directories;
     bool isGone = false;
     bool isReadable = false;
+    Text readFailure;
+    unsigned drafts = 0;  // the round of drafts in which the writer was last handed a file of this directory
     bool isTrusted = false;
     bool isFresh = false;  // read so soon after its last change that another change could have the same time
     std::int64_t stamp = -1;
@@ -88,6 +97,9 @@ Dir *FindDir(std::string_view thePath);
 // Splits a path at its last separator and finds the directory before it, null when there is none; theName gets the
 // last element, empty when the path ends in a separator or in ".." or ".".
 Dir *FindParent(std::string_view thePath, std::string_view &theName);
+
+// Notes that all files of AddDraft are there now, or have failed.
+void EndDrafts();
 
 // How long a directory is trusted before its time of change is looked at again, in milliseconds; 0 looks each time.
 void SetRecheckInterval(int theMilliseconds);

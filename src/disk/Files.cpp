@@ -2,10 +2,10 @@
 #include "base/Failure.h"
 #include "disk/DirectoryCache.h"
 #include "disk/Io.h"
+#include "disk/Losses.h"
 #include "disk/Paths.h"
 #include "disk/PendingWrites.h"
 #include <algorithm>
-#include <unordered_map>
 
 using DirectoryCache::Dir;
 using DirectoryCache::Entry;
@@ -14,13 +14,8 @@ using DirectoryCache::FindParent;
 
 namespace
 {
-// The sizes of the files that copies were made of, all of them readable then.
-std::unordered_map<Text, std::int64_t> sourceSizes;
-
-// What Rewrite has made of the sources of copies; when much is kept, it is begun anew.
-std::unordered_map<Text, Text> rewritten;
-std::size_t rewrittenBytes = 0;
-constexpr std::size_t rewrittenAtMost = 32 << 20, oneRewrittenAtMost = 1 << 20;
+// More names than a procedure of the program can count.
+constexpr std::size_t namesAtMost = 32767;
 
 bool IsProjectDirectory(std::string_view theName)
 {
@@ -59,11 +54,10 @@ Text ExistingFile(const Text &thePath)
     Text Result = FindFile(thePath);
     if (Result.empty())
         Fail("file not found", thePath);
-    PendingWrites::AwaitWriter(Result);
     return Result;
 }
 
-// A file to write to: its directory, its name there or the name that it will have, and whether it exists.
+// A file to write to: its directory, its name there or the name that it will have, and what is there now.
 struct Target {
     explicit Target(const Text &thePath)
     {
@@ -74,22 +68,55 @@ struct Target {
         if (!IsOwn(*In, name))
             Fail("writing is not allowed there", thePath);
         Known = In->Find(name, Io::Kind::None);
-        if (Known && (Known->What != Io::Kind::File || Known->IsLink))
+        if (Known && Known->What != Io::Kind::File)
             Fail("not a plain file", thePath);
         Name = Known ? Known->Name : Text(name);
         Host = In->PathOf(Name);
     }
-    // Notes that the file has been made.
-    void NoteNew() const
+    // Notes that a plain file is there now.
+    void NoteWritten() const
     {
-        if (!Known)
+        if (Known) {
+            Known->IsLink = false;
+            In->NoteOwnChange();
+        } else {
             In->Add(Name, Io::Kind::File);
+        }
     }
+    void NoteDraft() const { In->AddDraft(Name); }
 
     Dir *In = nullptr;
-    const Entry *Known = nullptr;
+    Entry *Known = nullptr;
     Text Name, Host;
 };
+
+// Runs theWork. A failure in it goes on to the caller, and is noted for the user.
+template <class Work> auto Noted(Work &&theWork)
+{
+    try {
+        return theWork();
+    } catch (const RuntimeFailure &failure) {
+        Losses::Note(failure);
+        throw;
+    }
+}
+
+Files::Names ListingOf(const Text &theDir, Io::Kind theKind)
+{
+    Dir *dir = FindDir(theDir);
+    if (dir && dir->HasDrafts()) {
+        PendingWrites::FinishWriting();
+        dir = FindDir(theDir);
+    }
+    if (!dir)
+        return std::make_shared<const std::vector<Text>>();
+    Files::Names Result = dir->Listing(theKind);
+    if (!dir->ReadFailure().empty())
+        Losses::Note({dir->ReadFailure(), theDir});
+    if (Result->size() > namesAtMost)
+        Losses::Note({"There are more than 32,767 names in this directory. The program can't go through it", theDir});
+    return Result;
+}
 }  // namespace
 
 namespace Files
@@ -111,8 +138,11 @@ Text ToHost(const Text &thePath)
 
 bool IsReallyInside(const Text &thePath, const Text &theDir)
 {
-    const Text path = Io::RealPath(ToHost(thePath)) + '/', dir = Io::RealPath(ToHost(theDir)) + '/';
-    return dir != "/" && path.starts_with(dir);
+    const auto closed = [](const Text &theHostDir) {
+        return theHostDir.ends_with("/") ? theHostDir : theHostDir + "/";
+    };
+    const Text path = Io::RealPath(ToHost(thePath)), dir = Io::RealPath(ToHost(theDir));
+    return !path.empty() && !dir.empty() && closed(path).starts_with(closed(dir));
 }
 
 bool IsFile(const Text &thePath)
@@ -142,136 +172,103 @@ bool DriveExists(const Text &thePath)
 
 Names FilesIn(const Text &theDir)
 {
-    Dir *const dir = FindDir(theDir);
-    return dir ? dir->Listing(Io::Kind::File) : std::make_shared<const std::vector<Text>>();
+    return ListingOf(theDir, Io::Kind::File);
 }
 
 Names DirectoriesIn(const Text &theDir)
 {
-    Dir *const dir = FindDir(theDir);
-    return dir ? dir->Listing(Io::Kind::Directory) : std::make_shared<const std::vector<Text>>();
+    return ListingOf(theDir, Io::Kind::Directory);
 }
 
 Text Read(const Text &theFile)
 {
-    const Text file = ExistingFile(theFile);
-    if (PendingWrites::AddedText(file))
+    return Noted([&] {
+        const Text file = ExistingFile(theFile);
+        if (const Text *source = PendingWrites::SourceOf(file))
+            return Io::Read(*source);
         PendingWrites::Complete(file);
-    return Io::Read(PendingWrites::BytesPath(file));
+        return Io::Read(file);
+    });
 }
 
-void Write(const Text &theFile, Text theContent)
+void Write(const Text &theFile, const Text &theContent)
 {
-    const Target target(theFile);
-    // The new pages of a run: nothing asks for one before all of them are written.
-    if (PendingWrites::IsCopy(target.Host)) {
-        PendingWrites::WriteLater(target.Host, std::move(theContent));
-        return;
-    }
-    PendingWrites::AwaitWriter(target.Host);
-    Io::Write(target.Host, theContent);
-    PendingWrites::Forget(target.Host);
-    target.NoteNew();
+    Noted([&] {
+        const Target target(theFile);
+        PendingWrites::Await(target.Host);
+        Io::Write(target.Host, theContent);
+        PendingWrites::Forget(target.Host);
+        target.NoteWritten();
+    });
 }
 
 void Append(const Text &theFile, const Text &theContent)
 {
-    const Target target(theFile);
-    if (!target.Known) {
+    Noted([&] {
+        const Target target(theFile);
+        if (target.Known) {
+            PendingWrites::AddText(target.Host, theContent);
+            return;
+        }
         Io::Append(target.Host, theContent);
-        target.NoteNew();
-        return;
-    }
-    PendingWrites::AwaitWriter(target.Host);
-    PendingWrites::AddText(target.Host, theContent);
+        target.NoteWritten();
+    });
 }
 
-void Copy(const Text &theSource, const Text &theTarget)
+void Copy(const Text &theSource, const Text &theTarget, const Expectation &theExpectation)
 {
-    const Text source = ExistingFile(theSource);
-    std::string_view name;
-    // What the program itself may write later is copied now.
-    const bool isOwnSource = IsOwn(*FindParent(theSource, name), source);
-    const Target target(theTarget);
-    if (source == target.Host)
-        return;
-    PendingWrites::AwaitWriter(target.Host);
-    PendingWrites::Complete(source);
-    const auto [known, isFirst] = sourceSizes.try_emplace(source, 0);
-    if (isFirst)
-        try {
-            known->second = Io::ReadableSize(source);
-        } catch (const RuntimeFailure &) {
-            sourceSizes.erase(known);
-            throw;
+    Noted([&] {
+        const Text source = ExistingFile(theSource);
+        PendingWrites::Complete(source);
+        const Target target(theTarget);
+        if (theExpectation && !target.Known && PendingWrites::AddCopy(target.Host, source, theExpectation)) {
+            target.NoteDraft();
+            return;
         }
-    if (!target.Known) {
-        Io::MakeFile(target.Host);
-        target.NoteNew();
-    } else if (!PendingWrites::IsCopy(target.Host)) {
-        PendingWrites::Forget(target.Host);
+        if (source == target.Host)
+            return;
+        PendingWrites::Await(target.Host);
         Io::Copy(source, target.Host);
-        return;
-    }
-    if (isOwnSource || !PendingWrites::MayWait(known->second)) {
         PendingWrites::Forget(target.Host);
-        Io::Copy(source, target.Host);
-    } else
-        PendingWrites::AddCopy(target.Host, source, known->second);
+        target.NoteWritten();
+    });
 }
 
 void Delete(const Text &theFile)
 {
-    const Target target(theFile);
-    if (!target.Known)
-        Fail("file not found", theFile);
-    PendingWrites::AwaitWriter(target.Host);
-    PendingWrites::Forget(target.Host);
-    Io::Delete(target.Host);
-    target.In->Remove(*target.Known);
+    Noted([&] {
+        const Target target(theFile);
+        if (!target.Known)
+            Fail("file not found", theFile);
+        PendingWrites::Await(target.Host);
+        PendingWrites::Forget(target.Host);
+        Io::Delete(target.Host);
+        target.In->Remove(*target.Known);
+    });
+}
+
+void Rewrite(const Text &theFile, const Expectation &theChange)
+{
+    const Text file = FindFile(theFile);
+    if (file.empty() || !PendingWrites::Confirm(file, theChange))
+        Write(theFile, theChange.Apply(Read(theFile)));
 }
 
 bool EndsInLineFeed(const Text &theFile)
 {
-    const Text file = ExistingFile(theFile);
-    if (const Text *added = PendingWrites::AddedText(file))
-        return added->back() == '\n';
-    return Io::EndsInLineFeed(PendingWrites::BytesPath(file));
-}
-
-void Rewrite(const Text &theFile, Transform theTransform, const Text &theArgument)
-{
-    const Text file = FindFile(theFile);
-    if (file.empty() || !PendingWrites::IsCopy(file)) {
-        Write(theFile, theTransform(Read(theFile), theArgument));
-        return;
-    }
-    const Text key = theArgument + PendingWrites::BytesPath(file);
-    const auto known = rewritten.find(key);
-    if (known != rewritten.end()) {
-        Write(theFile, known->second);
-        return;
-    }
-    Text content = theTransform(Read(theFile), theArgument);
-    if (content.size() <= oneRewrittenAtMost) {
-        if (rewrittenBytes + content.size() > rewrittenAtMost)
-            EndRewriting();
-        rewrittenBytes += content.size();
-        rewritten[key] = content;
-    }
-    Write(theFile, std::move(content));
-}
-
-void EndRewriting()
-{
-    rewritten.clear();
-    rewrittenBytes = 0;
+    return Noted([&] {
+        const Text file = ExistingFile(theFile);
+        if (const Text *more = PendingWrites::AddedText(file))
+            return more->back() == '\n';
+        const Text *source = PendingWrites::SourceOf(file);
+        return Io::EndsInLineFeed(source ? *source : file);
+    });
 }
 
 std::int64_t Stamp(const Text &theFile)
 {
     const Text file = FindFile(theFile);
-    return file.empty() ? -1 : Io::FileStamp(file);
+    return file.empty() ? -1 : Io::LookAtFile(file).Stamp;
 }
 
 bool MakeDirectory(const Text &theDir)
@@ -284,7 +281,10 @@ bool MakeDirectory(const Text &theDir)
     const bool isProject = dir->HostPath == Paths::ProgramHostDir() && IsProjectDirectory(name);
     if (!isProject && !IsOwn(*dir, name))
         return false;
-    if (!Io::MakeDirectory(dir->PathOf(name))) {
+    try {
+        Io::MakeDirectory(dir->PathOf(name));
+    } catch (const RuntimeFailure &failure) {
+        Losses::Note(failure);
         dir->Distrust();
         return false;
     }

@@ -3,8 +3,7 @@
 // Writes outside the program directory's saved files, its project directories and their stores are refused with a
 // run-time failure.
 #pragma once
-#include "base/Text.h"
-#include <functional>
+#include "disk/Expectation.h"
 #include <memory>
 #include <vector>
 
@@ -27,22 +26,19 @@ bool DriveExists(const Text &thePath);
 Names FilesIn(const Text &theDir);
 Names DirectoriesIn(const Text &theDir);
 
-// All of these fail with a run-time failure.
+// All of these fail with a run-time failure, which is also among the losses.
 Text Read(const Text &theFile);
-void Write(const Text &theFile, Text theContent);
+// Whoever looks at a file that is written over sees the old content or the new one, never a part.
+void Write(const Text &theFile, const Text &theContent);
 void Append(const Text &theFile, const Text &theContent);
-void Copy(const Text &theSource, const Text &theTarget);
+// Copies content. theExpectation tells what Rewrite will make of the copy later, if that is known: it is written so at
+// once, and counts as a plain copy until then. A new file may appear on the disk a moment later.
+void Copy(const Text &theSource, const Text &theTarget, const Expectation &theExpectation = {});
 void Delete(const Text &theFile);
+// Replaces the content of theFile by what theChange makes of it.
+void Rewrite(const Text &theFile, const Expectation &theChange);
 // True when the file is empty or its last byte is LF.
 bool EndsInLineFeed(const Text &theFile);
-
-// A change of a whole text that depends on nothing but the text and theArgument.
-using Transform = Text (*)(const Text &theContent, const Text &theArgument);
-// Replaces the content of theFile by what theTransform makes of it. Copies of one file are transformed once for each
-// argument, as long as EndRewriting isn't called.
-void Rewrite(const Text &theFile, Transform theTransform, const Text &theArgument);
-// Forgets what Rewrite has kept.
-void EndRewriting();
 
 // Changes when the file changes; -1 when it isn't there. Never fails.
 std::int64_t Stamp(const Text &theFile);

@@ -1,8 +1,8 @@
-// The calls that differ from one operating system to the next; Io_posix.cpp serves Linux and macOS.
-// Paths are the host's own here. Everything that fails throws a RuntimeFailure that names the path.
+// The calls that differ from one operating system to the next; Io_posix.cpp serves Linux and macOS. Paths are the
+// host's own here. Everything that fails throws a RuntimeFailure that names the path.
 #pragma once
 #include "base/Text.h"
-#include <functional>
+#include <utility>
 #include <vector>
 
 namespace Io
@@ -30,25 +30,27 @@ struct DirectoryFacts {
 DirectoryFacts LookAt(const Text &theDir);
 // thePath with all links followed; empty when it isn't there.
 Text RealPath(const Text &thePath);
-// All names in a directory but "." and ".."; false when it cannot be read.
-bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames);
+// Appends all names in a directory but "." and ".." to theNames, as far as they can be read.
+void ReadDirectory(const Text &theDir, std::vector<Listed> &theNames);
 
-// The whole content of a file.
+// The whole content of a plain file.
 Text Read(const Text &theFile);
-// Replaces the content of a file in place, or makes it. Never follows a link in the last element.
+// Replaces a file, or a link to one, by a file of that content, or makes the file. Whoever looks sees the old content
+// or the new one, never a part; when it fails, the old content stays.
 void Write(const Text &theFile, const Text &theContent);
-// Makes an empty file; a failure when there is one.
-void MakeFile(const Text &theFile);
 // Adds to the end of a file, or makes it.
 void Append(const Text &theFile, const Text &theContent);
-// Copies content alone. The target's earlier content is gone.
+// Copies the content of a plain file alone, else like Write. A file onto itself stays as it is.
 void Copy(const Text &theSource, const Text &theTarget);
 void Delete(const Text &theFile);
-bool MakeDirectory(const Text &theDir);
-// The size of a file that this process may read; a failure when it may not.
-std::int64_t ReadableSize(const Text &theFile);
-// Tells one state of a file from another; -1 when it isn't there.
-std::int64_t FileStamp(const Text &theFile);
+// Fails also when there is something of that name.
+void MakeDirectory(const Text &theDir);
+// The size of a file, and a stamp that changes when the file changes; both are -1 when it isn't there.
+struct FileFacts {
+    std::int64_t Stamp = -1;
+    std::int64_t Size = -1;
+};
+FileFacts LookAtFile(const Text &theFile);
 // True when the file is empty or its last byte is LF.
 bool EndsInLineFeed(const Text &theFile);
 // Bytes free to this user where theDir lies.
@@ -57,4 +59,30 @@ std::int64_t FreeSpace(const Text &theDir);
 Text ProgramDirectory();
 // The host's drives: a letter each and the directory that it stands for.
 std::vector<std::pair<char, Text>> Drives();
+
+// A file in the making. It gets its name when it is published, so that a file is whole from the moment it can be seen;
+// when that never happens, or the process is killed, nothing of it is left but perhaps a hidden file, which makes way
+// for the next one. May be handed to another thread.
+class Draft
+{
+public:
+    // Opens a file in the directory of theFile. One that willReplace is to take the place of a file of that name, and
+    // takes over its permissions.
+    explicit Draft(Text theFile, bool willReplace = false);
+    Draft(Draft &&theOther) noexcept;
+    Draft &operator=(Draft &&) = delete;
+    Draft(const Draft &) = delete;
+    ~Draft();
+
+    const Text &File() const { return file; }
+    void Write(const Text &theContent);
+    void CopyFrom(const Text &theSource);
+    // Gives the file its name. A failure when something has that name and isn't to be replaced.
+    void Publish();
+
+private:
+    Text file, hidden;  // hidden: its name meanwhile, where it has one
+    bool isReplacement;
+    int handle = -1;
+};
 }  // namespace Io

@@ -9,6 +9,7 @@
 #include <dirent.h>
 #include <exception>
 #include <fcntl.h>
+#include <functional>
 #include <memory>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -27,62 +28,129 @@ namespace
     Fail(std::strerror(errno), thePath);
 }
 
-// An open file that is closed at the end of its block.
-class Opened
+void CloseHandle(int &theHandle, const Text &thePath)
 {
-public:
-    Opened(const Text &theFile, int theFlags) : path(theFile), handle(open(theFile.c_str(), theFlags | O_CLOEXEC, 0666))
-    {
-        if (handle < 0)
-            FailHere(path);
-    }
-    ~Opened()
-    {
-        if (handle >= 0)
-            close(handle);
-    }
-    Opened(const Opened &) = delete;
-    Opened &operator=(const Opened &) = delete;
+    // Some file systems tell only now that what was written is lost.
+    if (close(std::exchange(theHandle, -1)) != 0)
+        FailHere(thePath);
+}
 
-    operator int() const { return handle; }
-
-    struct stat Facts() const
-    {
-        struct stat Result;
-        if (fstat(handle, &Result) != 0)
-            FailHere(path);
-        return Result;
-    }
-
-    void CutTo(std::int64_t theSize) const
-    {
-        if (ftruncate(handle, theSize) != 0)
-            FailHere(path);
-    }
-
-    // Closes what was written: some file systems tell only then that it could not be.
-    void Finish()
-    {
-        if (close(std::exchange(handle, -1)) != 0)
-            FailHere(path);
-    }
-
-    void WriteAll(const Text &theContent) const
-    {
-        std::size_t done = 0;
-        while (done < theContent.size()) {
-            const ssize_t written = write(handle, theContent.data() + done, theContent.size() - done);
-            if (written < 0 && errno != EINTR)
-                FailHere(path);
-            if (written > 0)
-                done += static_cast<std::size_t>(written);
+void WriteAll(int theHandle, const char *theBytes, std::size_t theCount, const Text &thePath)
+{
+    while (theCount > 0) {
+        const ssize_t written = write(theHandle, theBytes, theCount);
+        if (written < 0 && errno != EINTR)
+            FailHere(thePath);
+        if (written > 0) {
+            theBytes += written;
+            theCount -= static_cast<std::size_t>(written);
         }
     }
+}
+
+// A plain file, open for reading.
+class OpenFile
+{
+public:
+    explicit OpenFile(const Text &theFile) : path(theFile)
+    {
+        // Without waiting: what was a file a moment ago may be a pipe now.
+        handle = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        if (handle < 0)
+            FailHere(path);
+        struct stat facts;
+        if (fstat(handle, &facts) != 0 || !S_ISREG(facts.st_mode)) {
+            close(handle);
+            Fail("not a plain file", path);
+        }
+        size = facts.st_size;
+    }
+    ~OpenFile() { close(handle); }
+    OpenFile(const OpenFile &) = delete;
+    OpenFile &operator=(const OpenFile &) = delete;
+
+    // Reads up to theCount bytes; 0 at the end.
+    std::size_t Read(char *theBytes, std::size_t theCount) const
+    {
+        for (;;) {
+            const ssize_t got = read(handle, theBytes, theCount);
+            if (got >= 0)
+                return static_cast<std::size_t>(got);
+            if (errno != EINTR)
+                FailHere(path);
+        }
+    }
+    std::int64_t Size() const { return size; }
+    int Handle() const { return handle; }
+    const Text &Path() const { return path; }
 
 private:
     const Text &path;
-    int handle;
+    int handle = -1;
+    std::int64_t size = 0;
 };
+
+constexpr std::int64_t blockSize = 1 << 16;
+
+// Copies up to theCount bytes from where theSource stands; less when it ends before.
+void CopyBytes(const OpenFile &theSource, int theTarget, std::int64_t theCount, const Text &theTargetPath)
+{
+    static thread_local std::vector<char> block(blockSize);
+    while (theCount > 0) {
+        const std::size_t got = theSource.Read(block.data(), static_cast<std::size_t>(std::min(theCount, blockSize)));
+        if (got == 0)
+            return;
+        WriteAll(theTarget, block.data(), got, theTargetPath);
+        theCount -= static_cast<std::int64_t>(got);
+    }
+}
+
+// Copies a large file piece by piece, so that its holes stay holes.
+void CopyPieces(const OpenFile &theSource, int theTarget, const Text &theTargetPath)
+{
+    const int source = theSource.Handle();
+    for (std::int64_t at = 0; at < theSource.Size();) {
+        const off_t data = lseek(source, at, SEEK_DATA);
+        if (data < 0 && errno == ENXIO)
+            break;  // only a hole is left
+        const off_t hole = data < 0 ? -1 : lseek(source, data, SEEK_HOLE);
+        const std::int64_t from = data < 0 ? at : data;
+        const std::int64_t end = hole < 0 ? theSource.Size() : std::min<std::int64_t>(hole, theSource.Size());
+        if (lseek(source, from, SEEK_SET) < 0)
+            FailHere(theSource.Path());
+        if (lseek(theTarget, from, SEEK_SET) < 0)
+            FailHere(theTargetPath);
+        CopyBytes(theSource, theTarget, end - from, theTargetPath);
+        at = end;
+    }
+    if (ftruncate(theTarget, theSource.Size()) != 0)
+        FailHere(theTargetPath);
+}
+
+// Whether files can be made without a name, and be given one later.
+bool CanMakeNameless()
+{
+#ifdef O_TMPFILE
+    static const bool Result = access("/proc/self/fd", X_OK) == 0;
+    return Result;
+#else
+    return false;
+#endif
+}
+
+Text DirectoryOf(const Text &theFile)
+{
+    return theFile.substr(0, theFile.rfind('/') + 1);
+}
+
+// A hidden name beside theFile. It depends on nothing but the file's own name: what a killed process has left behind
+// makes way for the next file of that name.
+Text HiddenNameFor(const Text &theFile)
+{
+    char name[40];
+    std::snprintf(name, sizeof name, ".ferncastle-%016zx.part", std::hash<Text>()(theFile));
+    return DirectoryOf(theFile) + name;
+}
 
 Io::Kind KindOfMode(mode_t theMode)
 {
@@ -92,6 +160,15 @@ Io::Kind KindOfMode(mode_t theMode)
 Io::Identity IdentityOfFacts(const struct stat &theFacts)
 {
     return {static_cast<std::uint64_t>(theFacts.st_dev), static_cast<std::uint64_t>(theFacts.st_ino)};
+}
+
+// What a name stands for, with a link to a file taken for a file; links are not followed to find out that it is there.
+Io::Kind KindOfName(const Text &thePath)
+{
+    struct stat facts;
+    if (lstat(thePath.c_str(), &facts) != 0)
+        return Io::Kind::None;
+    return S_ISREG(facts.st_mode) ? Io::Kind::File : Io::Kind::Other;
 }
 
 std::int64_t ChangeTime(const struct stat &theFacts)
@@ -104,7 +181,6 @@ std::int64_t ChangeTime(const struct stat &theFacts)
     return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
-constexpr int newOrOld = O_WRONLY | O_CREAT | O_NOFOLLOW;
 }  // namespace
 
 namespace Io
@@ -117,10 +193,12 @@ DirectoryFacts LookAt(const Text &theDir)
     return {ChangeTime(facts), IdentityOfFacts(facts)};
 }
 
-std::int64_t FileStamp(const Text &theFile)
+FileFacts LookAtFile(const Text &theFile)
 {
     struct stat facts;
-    return stat(theFile.c_str(), &facts) != 0 ? -1 : ChangeTime(facts) ^ (facts.st_size << 1);
+    if (stat(theFile.c_str(), &facts) != 0)
+        return {};
+    return {ChangeTime(facts) ^ (facts.st_size << 1), facts.st_size};
 }
 
 Kind KindOf(const Text &thePath)
@@ -143,12 +221,16 @@ Text RealPath(const Text &thePath)
     return Result;
 }
 
-bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames)
+void ReadDirectory(const Text &theDir, std::vector<Listed> &theNames)
 {
     const std::unique_ptr<DIR, int (*)(DIR *)> dir(opendir(theDir.c_str()), closedir);
     if (!dir)
-        return false;
-    while (const dirent *row = readdir(dir.get())) {
+        FailHere(theDir);
+    for (;;) {
+        errno = 0;
+        const dirent *row = readdir(dir.get());
+        if (!row)
+            break;
         const Text name = row->d_name;
         if (name == "." || name == "..")
             continue;
@@ -165,27 +247,25 @@ bool ReadDirectory(const Text &theDir, std::vector<Listed> &theNames)
         }
         theNames.push_back(std::move(one));
     }
-    return true;
+    if (errno != 0)
+        FailHere(theDir);
 }
 
 Text Read(const Text &theFile)
 {
-    const Opened file(theFile, O_RDONLY);
+    const OpenFile file(theFile);
     Text Result;
     try {
-        Result.resize(static_cast<std::size_t>(file.Facts().st_size));
+        Result.resize(static_cast<std::size_t>(file.Size()));
     } catch (const std::exception &) {
         Fail("the file is too large", theFile);
     }
     std::size_t done = 0;
     while (done < Result.size()) {
-        const ssize_t got = read(file, Result.data() + done, Result.size() - done);
-        if (got < 0 && errno != EINTR)
-            FailHere(theFile);
+        const std::size_t got = file.Read(Result.data() + done, Result.size() - done);
         if (got == 0)
             break;
-        if (got > 0)
-            done += static_cast<std::size_t>(got);
+        done += got;
     }
     Result.resize(done);
     return Result;
@@ -193,74 +273,41 @@ Text Read(const Text &theFile)
 
 void Write(const Text &theFile, const Text &theContent)
 {
-    // Written in place and cut afterwards: a file that is emptied first is taken for a precious one, and its bytes are
-    // sent to the disk as soon as it is closed.
-    Opened file(theFile, newOrOld);
-    const struct stat before = file.Facts();
-    if (before.st_nlink > 1) {
-        // The same file stands elsewhere under another name, and is to stay as it is there.
-        Delete(theFile);
-        Write(theFile, theContent);
-        return;
-    }
-    file.WriteAll(theContent);
-    if (before.st_size > static_cast<std::int64_t>(theContent.size()))
-        file.CutTo(static_cast<std::int64_t>(theContent.size()));
-    file.Finish();
-}
-
-void MakeFile(const Text &theFile)
-{
-    Opened(theFile, newOrOld | O_EXCL).Finish();
+    Draft draft(theFile, KindOfName(theFile) != Kind::None);
+    draft.Write(theContent);
+    draft.Publish();
 }
 
 void Append(const Text &theFile, const Text &theContent)
 {
-    Opened file(theFile, newOrOld | O_APPEND);
-    if (file.Facts().st_nlink > 1) {
-        // The same file stands elsewhere under another name, and is to stay as it is there.
-        const Text content = Read(theFile);
-        Delete(theFile);
-        Write(theFile, content + theContent);
+    int file = open(theFile.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_APPEND | O_CLOEXEC, 0666);
+    struct stat facts;
+    // The same file may stand elsewhere under another name, and is to stay as it is there.
+    const bool isShared = file >= 0 && fstat(file, &facts) == 0 && facts.st_nlink > 1;
+    if (isShared || (file < 0 && (errno == ELOOP || errno == EACCES) && KindOf(theFile) == Kind::File)) {
+        if (isShared)
+            close(file);
+        Write(theFile, Read(theFile) + theContent);
         return;
     }
-    file.WriteAll(theContent);
-    file.Finish();
+    if (file < 0)
+        FailHere(theFile);
+    try {
+        WriteAll(file, theContent.data(), theContent.size(), theFile);
+    } catch (const RuntimeFailure &) {
+        close(file);
+        throw;
+    }
+    CloseHandle(file, theFile);
 }
 
 void Copy(const Text &theSource, const Text &theTarget)
 {
-    const Opened source(theSource, O_RDONLY);
-    if (IdentityOf(theSource) == IdentityOf(theTarget))
+    if (IdentityOf(theSource) == IdentityOf(theTarget) && KindOfName(theTarget) == Kind::File)
         return;  // a file onto itself
-    Opened target(theTarget, newOrOld);
-    const struct stat before = target.Facts();
-    if (before.st_nlink > 1) {
-        Delete(theTarget);
-        Copy(theSource, theTarget);
-        return;
-    }
-    std::int64_t done = 0;
-    char block[65536];
-    for (;;) {
-        const ssize_t got = read(source, block, sizeof block);
-        if (got < 0 && errno != EINTR)
-            FailHere(theSource);
-        if (got == 0)
-            break;
-        for (ssize_t put = 0; put < got;) {
-            const ssize_t written = write(target, block + put, static_cast<std::size_t>(got - put));
-            if (written < 0 && errno != EINTR)
-                FailHere(theTarget);
-            if (written > 0)
-                put += written;
-        }
-        if (got > 0)
-            done += got;
-    }
-    if (before.st_size > done)
-        target.CutTo(done);
-    target.Finish();
+    Draft draft(theTarget, KindOfName(theTarget) != Kind::None);
+    draft.CopyFrom(theSource);
+    draft.Publish();
 }
 
 void Delete(const Text &theFile)
@@ -269,24 +316,91 @@ void Delete(const Text &theFile)
         FailHere(theFile);
 }
 
-bool MakeDirectory(const Text &theDir)
+void MakeDirectory(const Text &theDir)
 {
-    return mkdir(theDir.c_str(), 0777) == 0;
-}
-
-std::int64_t ReadableSize(const Text &theFile)
-{
-    return Opened(theFile, O_RDONLY).Facts().st_size;
+    if (mkdir(theDir.c_str(), 0777) != 0)
+        FailHere(theDir);
 }
 
 bool EndsInLineFeed(const Text &theFile)
 {
-    const Opened file(theFile, O_RDONLY);
-    const std::int64_t size = file.Facts().st_size;
+    const OpenFile file(theFile);
     char last = '\n';
-    if (size > 0 && pread(file, &last, 1, size - 1) != 1)
+    if (file.Size() > 0 && pread(file.Handle(), &last, 1, file.Size() - 1) != 1)
         FailHere(theFile);
     return last == '\n';
+}
+
+Draft::Draft(Text theFile, bool willReplace) : file(std::move(theFile)), isReplacement(willReplace)
+{
+#ifdef O_TMPFILE
+    if (!isReplacement && CanMakeNameless()) {
+        handle = open(DirectoryOf(file).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+        if (handle < 0 && errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
+            FailHere(file);
+    }
+#endif
+    if (handle >= 0)
+        return;
+    hidden = HiddenNameFor(file);
+    unlink(hidden.c_str());
+    handle = open(hidden.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+    if (handle < 0)
+        FailHere(file);
+    // The permissions of what it replaces stay, as far as the system lets them.
+    struct stat old;
+    if (isReplacement && lstat(file.c_str(), &old) == 0 && S_ISREG(old.st_mode))
+        (void)fchmod(handle, old.st_mode & 07777);
+}
+
+Draft::Draft(Draft &&theOther) noexcept
+    : file(std::move(theOther.file)), hidden(std::exchange(theOther.hidden, {})), isReplacement(theOther.isReplacement),
+      handle(std::exchange(theOther.handle, -1))
+{
+}
+
+Draft::~Draft()
+{
+    if (handle >= 0)
+        close(handle);
+    if (!hidden.empty())
+        unlink(hidden.c_str());
+}
+
+void Draft::Write(const Text &theContent)
+{
+    WriteAll(handle, theContent.data(), theContent.size(), file);
+}
+
+void Draft::CopyFrom(const Text &theSource)
+{
+    const OpenFile source(theSource);
+    if (source.Size() <= blockSize)
+        CopyBytes(source, handle, source.Size(), file);
+    else
+        CopyPieces(source, handle, file);
+}
+
+void Draft::Publish()
+{
+    if (hidden.empty()) {
+        char self[40];
+        std::snprintf(self, sizeof self, "/proc/self/fd/%d", handle);
+        if (linkat(AT_FDCWD, self, AT_FDCWD, file.c_str(), AT_SYMLINK_FOLLOW) != 0)
+            FailHere(file);
+        CloseHandle(handle, file);
+        return;
+    }
+    CloseHandle(handle, file);
+    // Where nothing is to be replaced, a link says so if something has got there first.
+    const bool isLinked = !isReplacement && link(hidden.c_str(), file.c_str()) == 0;
+    if (!isLinked && !isReplacement && errno == EEXIST)
+        FailHere(file);
+    if (!isLinked) {
+        if (rename(hidden.c_str(), file.c_str()) != 0)
+            FailHere(file);
+        hidden.clear();
+    }
 }
 
 std::int64_t FreeSpace(const Text &theDir)
@@ -316,7 +430,11 @@ std::vector<std::pair<char, Text>> Drives()
     std::vector<Text> volumes;
 #ifdef __APPLE__
     std::vector<Listed> names;
-    ReadDirectory("/Volumes", names);
+    try {
+        ReadDirectory("/Volumes", names);
+    } catch (const RuntimeFailure &) {
+        // There are no volumes then.
+    }
     for (const Listed &name : names)
         volumes.push_back("/Volumes/" + name.Name);
 #else

@@ -1,183 +1,226 @@
 #include "disk/PendingWrites.h"
+#include "disk/DirectoryCache.h"
 #include "disk/Io.h"
+#include "disk/Losses.h"
 #include "disk/Paths.h"
 #include "disk/Writer.h"
 #include <algorithm>
-#include <chrono>
-#include <memory>
 #include <unordered_map>
 #include <utility>
 
 namespace
 {
-struct Pending {
-    Text CopyOf = {};  // the source of a copy whose bytes are missing
-    Text Added = {};   // text that is missing at the end
-    bool IsAtWriter = false;
-
-    bool IsDone() const { return CopyOf.empty() && Added.empty(); }
+// What all copies of one file share that are expected to become the same.
+struct Recipe {
+    Text Source;
+    Expectation Change;
+    std::int64_t Stamp = -1;      // of the source when Result was made
+    Writer::Content Result = {};  // null when it isn't kept
 };
-std::unordered_map<Text, Pending> pending;
-using Node = std::pair<const Text, Pending>;
-std::vector<Node *> order;  // in which the files were asked for; they stay in the table until Flush comes to them
+std::unordered_map<Text, Recipe> recipes;  // by argument and source; a program has one change for each argument
+std::size_t keptBytes = 0;                 // of all results
+constexpr std::size_t keptAtMost = 12 << 20;
+// Larger files are seldom pages, so nothing is won by changing them early.
+constexpr std::int64_t expectedAtMost = 1 << 20;
 
-std::int64_t pendingBytes = 0, roomAtLastLook = 0;
-std::vector<Text> failures;
-Writer writer;
-bool isWriterBusy = false;
-
-// Larger files are copied at once: they are seldom pages, so nothing is won by waiting.
-constexpr std::int64_t waitAtMost = 1 << 20;
+// The copies that aren't confirmed, by directory and name.
+using Copies = std::unordered_map<Text, const Recipe *>;
+std::unordered_map<Text, Copies> copies;
+// Text to be added, by file.
+std::unordered_map<Text, Text> added;
 constexpr std::size_t addedAtMost = 1 << 16;
 
-Pending *Find(const Text &theFile)
+Writer writer;
+bool isWriterBusy = false;
+std::int64_t givenBytes = 0, roomAtLastLook = 0;
+
+std::pair<Text, Text> Split(const Text &theFile)
 {
-    const auto found = pending.find(theFile);
-    return found == pending.end() ? nullptr : &found->second;
+    const std::size_t slash = theFile.rfind('/');
+    return {theFile.substr(0, slash), theFile.substr(slash + 1)};
 }
 
-Pending &Make(const Text &theFile)
+// Whether the writer may be trusted with a file: there is room on the disk for it and much more, and its name is no
+// longer than any file system allows. What could fail is done at once, so that it fails where it was asked for.
+bool CanWriteLater(const Text &theName, std::size_t theSize)
 {
-    const auto [found, isNew] = pending.try_emplace(theFile);
-    if (isNew)
-        order.push_back(&*found);
-    return found->second;
+    if (theName.size() > 255)
+        return false;
+    const auto size = static_cast<std::int64_t>(theSize);
+    if (givenBytes + size > roomAtLastLook) {
+        const std::int64_t room = Io::FreeSpace(Paths::ProgramHostDir() + '/') / 2;
+        givenBytes = 0;
+        roomAtLastLook = std::min(room, std::int64_t{64} << 20);
+        if (size > roomAtLastLook)
+            return false;
+    }
+    givenBytes += size;
+    return true;
 }
 
-void Complete(const Text &theFile, Pending &thePending)
+void DropResults()
 {
-    if (const Text source = std::exchange(thePending.CopyOf, {}); !source.empty())
+    for (auto &[key, recipe] : recipes)
+        recipe.Result = nullptr;
+    keptBytes = 0;
+}
+
+// What theExpectation makes of theSource as it is now.
+const Recipe &UpToDateRecipe(const Text &theSource, const Expectation &theExpectation, std::int64_t theStamp)
+{
+    Recipe &Result = recipes.try_emplace(theExpectation.Argument + '\n' + theSource).first->second;
+    if (Result.Result && Result.Stamp == theStamp && Result.Change == theExpectation)
+        return Result;
+    Writer::Content content = std::make_shared<const Text>(theExpectation.Apply(Io::Read(theSource)));
+    if (keptBytes + content->size() > keptAtMost)
+        DropResults();
+    keptBytes += content->size();
+    Result = {theSource, theExpectation, theStamp, std::move(content)};
+    return Result;
+}
+
+void CompleteAdded(const Text &theFile)
+{
+    if (const auto found = added.find(theFile); found != added.end()) {
+        const Text text = std::exchange(found->second, {});
+        if (!text.empty())
+            Io::Append(theFile, text);
+    }
+}
+
+template <class Work> void NoteFailure(Work &&theWork)
+{
+    try {
+        theWork();
+    } catch (const RuntimeFailure &failure) {
+        Losses::Note(failure);
+    }
+}
+}  // namespace
+
+namespace PendingWrites
+{
+bool AddCopy(const Text &theFile, const Text &theSource, const Expectation &theExpectation)
+{
+    const Io::FileFacts facts = Io::LookAtFile(theSource);
+    if (facts.Size > expectedAtMost)
+        return false;
+    const Recipe &recipe = UpToDateRecipe(theSource, theExpectation, facts.Stamp);
+    auto [directory, name] = Split(theFile);
+    Io::Draft draft(theFile);
+    if (CanWriteLater(name, recipe.Result->size())) {
+        writer.Put(std::move(draft), recipe.Result);
+        isWriterBusy = true;
+    } else {
+        draft.Write(*recipe.Result);
+        draft.Publish();
+    }
+    copies[directory][std::move(name)] = &recipe;
+    return true;
+}
+
+static const Recipe *FindRecipe(const Text &theFile)
+{
+    const auto [directory, name] = Split(theFile);
+    const auto there = copies.find(directory);
+    if (there == copies.end())
+        return nullptr;
+    const auto found = there->second.find(name);
+    return found == there->second.end() ? nullptr : found->second;
+}
+
+const Text *SourceOf(const Text &theFile)
+{
+    const Recipe *recipe = copies.empty() ? nullptr : FindRecipe(theFile);
+    return recipe ? &recipe->Source : nullptr;
+}
+
+void Forget(const Text &theFile)
+{
+    added.erase(theFile);
+    if (copies.empty())
+        return;
+    const auto [directory, name] = Split(theFile);
+    const auto there = copies.find(directory);
+    if (there == copies.end())
+        return;
+    there->second.erase(name);
+    if (there->second.empty())
+        copies.erase(there);
+}
+
+bool Confirm(const Text &theFile, const Expectation &theChange)
+{
+    FinishWriting();
+    const Recipe *recipe = copies.empty() ? nullptr : FindRecipe(theFile);
+    if (!recipe || recipe->Change != theChange)
+        return false;
+    Forget(theFile);
+    return true;
+}
+
+void AddText(const Text &theFile, const Text &theText)
+{
+    if (SourceOf(theFile))
+        Complete(theFile);
+    Text &text = added[theFile];
+    text += theText;
+    if (text.size() > addedAtMost)
+        CompleteAdded(theFile);
+}
+
+const Text *AddedText(const Text &theFile)
+{
+    const auto found = added.find(theFile);
+    return found == added.end() || found->second.empty() ? nullptr : &found->second;
+}
+
+void Complete(const Text &theFile)
+{
+    if (const Text *known = SourceOf(theFile)) {
+        const Text source = *known;
+        FinishWriting();
+        Forget(theFile);
         Io::Copy(source, theFile);
-    if (const Text text = std::exchange(thePending.Added, {}); !text.empty())
-        Io::Append(theFile, text);
+    }
+    CompleteAdded(theFile);
 }
 
 void FinishWriting()
 {
     if (!std::exchange(isWriterBusy, false))
         return;
-    for (const RuntimeFailure &failure : writer.Finish())
-        failures.push_back("Unable to write file:\r\n" + Paths::FromHost(failure.Where) + "\r\n\r\n" + failure.What);
-}
-}  // namespace
-
-namespace PendingWrites
-{
-void Flush(int theMilliseconds)
-{
-    using Clock = std::chrono::steady_clock;
-    const auto until = Clock::now() + std::chrono::milliseconds(theMilliseconds);
-    FinishWriting();
-    // Taken first: telling of a failure may come back here.
-    auto nodes = std::exchange(order, {});
-    auto next = nodes.begin();
-    while (next != nodes.end() && Clock::now() < until) {
-        const auto node = pending.extract((*next++)->first);
-        Pending what = node.mapped();
-        if (what.IsDone())
-            continue;
-        const Text file = node.key(), source = what.CopyOf;
-        try {
-            ::Complete(file, what);
-        } catch (const RuntimeFailure &failure) {
-            const Text copied = source.empty() ? Text() : Paths::FromHost(source);
-            failures.push_back("Unable to copy file:\r\n" + copied + "\r\nto file:\r\n" + Paths::FromHost(file) +
-                               "\r\n\r\n" + failure.What);
-        }
+    for (const RuntimeFailure &failure : writer.Finish()) {
+        Losses::Note(failure);
+        Forget(failure.Where);
     }
-    order.insert(order.begin(), next, nodes.end());
-    if (order.empty())
-        pendingBytes = roomAtLastLook = 0;
+    DirectoryCache::EndDrafts();
 }
 
-std::vector<Text> TakeFailures()
+void Await(const Text &theFile)
 {
-    return std::exchange(failures, {});
-}
-
-bool HasAny()
-{
-    return isWriterBusy || !order.empty();
-}
-
-Text BytesPath(const Text &theFile)
-{
-    const Pending *what = Find(theFile);
-    return what && !what->CopyOf.empty() ? what->CopyOf : theFile;
-}
-
-bool IsCopy(const Text &theFile)
-{
-    const Pending *what = Find(theFile);
-    return what && !what->CopyOf.empty();
-}
-
-bool MayWait(std::int64_t theSize)
-{
-    if (theSize > waitAtMost)
-        return false;
-    if (pendingBytes + theSize > roomAtLastLook) {
-        const std::int64_t room = Io::FreeSpace(Paths::ProgramHostDir() + '/') / 2;
-        if (pendingBytes + theSize > room)
-            return false;
-        roomAtLastLook = std::min(room, pendingBytes + (std::int64_t{64} << 20));
-    }
-    return true;
-}
-
-void AddCopy(const Text &theFile, const Text &theSource, std::int64_t theSize)
-{
-    Make(theFile).CopyOf = theSource;
-    pendingBytes += theSize;
-}
-
-void AddText(const Text &theFile, const Text &theText)
-{
-    Pending &what = Make(theFile);
-    if (!what.CopyOf.empty())
-        ::Complete(theFile, what);
-    what.Added += theText;
-    if (what.Added.size() > addedAtMost)
-        ::Complete(theFile, what);
-}
-
-const Text *AddedText(const Text &theFile)
-{
-    const Pending *what = Find(theFile);
-    return what && !what->Added.empty() ? &what->Added : nullptr;
-}
-
-void WriteLater(const Text &theFile, Text theContent)
-{
-    if (static_cast<std::int64_t>(theContent.size()) > waitAtMost) {
-        Forget(theFile);
-        Io::Write(theFile, theContent);
-        return;
-    }
-    Pending &what = Make(theFile);
-    what.CopyOf.clear();
-    what.Added.clear();
-    what.IsAtWriter = isWriterBusy = true;
-    writer.Put(theFile, std::move(theContent));
-}
-
-void Complete(const Text &theFile)
-{
-    if (Pending *what = Find(theFile))
-        ::Complete(theFile, *what);
-}
-
-void AwaitWriter(const Text &theFile)
-{
-    if (Pending *what = Find(theFile); what && std::exchange(what->IsAtWriter, false))
+    if (SourceOf(theFile))
         FinishWriting();
 }
 
-void Forget(const Text &theFile)
+void Hurry()
 {
-    if (Pending *what = Find(theFile)) {
-        what->CopyOf.clear();
-        what->Added.clear();
-    }
+    if (isWriterBusy)
+        writer.Hurry();
+}
+
+void Flush()
+{
+    FinishWriting();
+    const auto unconfirmed = std::exchange(copies, {});
+    for (const auto &[directory, names] : unconfirmed)
+        for (const auto &[name, recipe] : names)
+            NoteFailure([&] { Io::Copy(recipe->Source, directory + '/' + name); });
+    for (const auto &[file, text] : std::exchange(added, {}))
+        if (!text.empty())
+            NoteFailure([&] { Io::Append(file, text); });
+    recipes.clear();
+    keptBytes = 0;
+    roomAtLastLook = 0;
 }
 }  // namespace PendingWrites

@@ -1,41 +1,40 @@
-// What the program has asked to be written and the disk doesn't hold yet. Files.cpp is the only caller of all but
-// Flush, HasAny and TakeFailures.
+// Writes that aren't done with yet: copies that are expected to be changed later, and text that is still to be added to
+// a growing file. Files.cpp is the only caller of all but Flush. Files are named by their host paths.
 //
-// A copy makes its file at once, so that it fails where it was asked for; its bytes follow when they are wanted. Most
-// copies are new pages that the route pass rewrites at the end of the run: they are written once instead of twice.
-// Text added to a growing file is gathered in the same way. Files are named by their host paths here.
+// Most copies are new pages, and the route pass at the end of a run rewrites each of them. What it will make of a copy
+// is known when the copy is asked for. So the copy is written in its final form at once, by the writer, and the later
+// rewriting only confirms it. Until then the copy counts as what it was asked to be: whoever reads it gets the bytes of
+// its source, and a copy that is never confirmed gets them in the end.
 #pragma once
 #include "base/Text.h"
-#include <limits>
-#include <vector>
+#include "disk/Expectation.h"
 
 namespace PendingWrites
 {
-// Writes all that is pending, or as much as it takes theMilliseconds to write. Never fails: what could not be written
-// is told by TakeFailures, a message each, which forgets them.
-void Flush(int theMilliseconds = std::numeric_limits<int>::max());
-std::vector<Text> TakeFailures();
-// Whether Flush has anything to write.
-bool HasAny();
+// Makes the new file theFile, a copy of theSource as theExpectation changes it. False, with nothing done, when the copy
+// is to be made at once and unchanged. A run-time failure when the source cannot be read or the file cannot be made.
+bool AddCopy(const Text &theFile, const Text &theSource, const Expectation &theExpectation);
+// The source of a copy that isn't confirmed; null for any other file.
+const Text *SourceOf(const Text &theFile);
+// True when theFile is a copy of which just this was expected; it is done with then.
+bool Confirm(const Text &theFile, const Expectation &theChange);
 
-// Where the bytes of theFile are to be read: in the source of a pending copy, else in the file itself.
-Text BytesPath(const Text &theFile);
-bool IsCopy(const Text &theFile);
-// Whether a copy of theSize bytes may wait: it is small, and the disk has room for all that is pending twice over.
-bool MayWait(std::int64_t theSize);
-// The bytes of theSource are to follow in theFile, which is there and empty.
-void AddCopy(const Text &theFile, const Text &theSource, std::int64_t theSize);
-// theText is to follow at the end of theFile, which is there.
+// Adds theText to the end of theFile, which is there, some time before it is read.
 void AddText(const Text &theFile, const Text &theText);
 // Text that is still to be added to theFile; null when there is none.
 const Text *AddedText(const Text &theFile);
-// Hands the whole content of theFile to the writer.
-void WriteLater(const Text &theFile, Text theContent);
 
-// Writes what theFile still lacks; a run-time failure when that cannot be done.
+// Gives theFile the bytes that it counts as having; a run-time failure when that cannot be done.
 void Complete(const Text &theFile);
-// Waits where the writer has theFile in hand.
-void AwaitWriter(const Text &theFile);
 // theFile is to be replaced or deleted: nothing that is pending for it is wanted any more.
 void Forget(const Text &theFile);
+// Waits until the writer has written all that it has in hand; Await does so where that may include theFile.
+void FinishWriting();
+void Await(const Text &theFile);
+// Has the writer take up what it has in hand; for when somebody may look at the disk.
+void Hurry();
+
+// Completes all that is pending, and forgets what was kept of the sources. Never fails: what could not be written is
+// among the losses.
+void Flush();
 }  // namespace PendingWrites

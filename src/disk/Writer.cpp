@@ -1,10 +1,12 @@
 #include "disk/Writer.h"
-#include "disk/Io.h"
+#include <system_error>
 #include <utility>
 
-// Files are taken up in batches: waking the other side for each would cost as much as writing it.
-static constexpr std::size_t batchAtLeast = 32;
-static constexpr std::size_t bytesAtMost = 8 << 20;
+// The files are taken up in batches: waking the other thread for each would cost as much as writing it.
+static constexpr std::size_t batch = 8;
+// Each file that waits is open.
+static constexpr std::size_t filesAtMost = 48;
+static constexpr std::size_t bytesAtMost = 4 << 20;
 
 Writer::~Writer()
 {
@@ -17,26 +19,62 @@ Writer::~Writer()
         worker.join();
 }
 
-void Writer::Put(Text theFile, Text theContent)
+bool Writer::HasThread()
 {
+    if (!worker.joinable() && !hasNoThread)
+        try {
+            worker = std::thread(&Writer::Work, this);
+        } catch (const std::system_error &) {
+            hasNoThread = true;
+        }
+    return !hasNoThread;
+}
+
+void Writer::Do(Job &theJob, std::vector<RuntimeFailure> &theFailures)
+{
+    try {
+        theJob.File.Write(*theJob.Bytes);
+        theJob.File.Publish();
+    } catch (const RuntimeFailure &failure) {
+        theFailures.push_back(failure);
+    }
+}
+
+void Writer::Put(Io::Draft theDraft, Content theContent)
+{
+    Job job{std::move(theDraft), std::move(theContent)};
     std::unique_lock guard(lock);
-    if (!worker.joinable())
-        worker = std::thread(&Writer::Work, this);
-    bytes += theContent.size();
-    waiting.emplace_back(std::move(theFile), std::move(theContent));
-    if (waiting.size() < batchAtLeast && bytes < bytesAtMost)
+    if (waiting.size() >= filesAtMost || bytes + job.Bytes->size() > bytesAtMost || !HasThread()) {
+        guard.unlock();
+        std::vector<RuntimeFailure> failed;
+        Do(job, failed);
+        guard.lock();
+        failures.insert(failures.end(), failed.begin(), failed.end());
+        return;
+    }
+    bytes += job.Bytes->size();
+    waiting.push_back(std::move(job));
+    if (waiting.size() < batch || isInHand)
         return;
     isWanted = true;
     hasWork.notify_one();
-    hasRoom.wait(guard, [this] { return bytes < bytesAtMost; });
+}
+
+void Writer::Hurry()
+{
+    {
+        const std::lock_guard guard(lock);
+        isWanted = true;
+    }
+    hasWork.notify_one();
 }
 
 std::vector<RuntimeFailure> Writer::Finish()
 {
+    Hurry();
     std::unique_lock guard(lock);
-    isWanted = true;
-    hasWork.notify_one();
-    hasRoom.wait(guard, [this] { return waiting.empty() && !isInHand; });
+    isDone.wait(guard, [this] { return waiting.empty() && !isInHand; });
+    isWanted = false;
     return std::exchange(failures, {});
 }
 
@@ -47,24 +85,24 @@ void Writer::Work()
         hasWork.wait(guard, [this] { return (isWanted && !waiting.empty()) || isClosing; });
         if (waiting.empty())
             return;
-        const auto batch = std::exchange(waiting, {});
         isWanted = false;
         isInHand = true;
-        guard.unlock();
-        std::size_t written = 0;
-        std::vector<RuntimeFailure> failed;
-        for (const auto &[file, content] : batch) {
-            written += content.size();
-            try {
-                Io::Write(file, content);
-            } catch (const RuntimeFailure &failure) {
-                failed.push_back(failure);
+        // Goes on while there is work, so that it is woken once for many files.
+        while (!waiting.empty()) {
+            auto jobs = std::exchange(waiting, {});
+            std::size_t written = 0;
+            std::vector<RuntimeFailure> failed;
+            guard.unlock();
+            for (Job &job : jobs) {
+                written += job.Bytes->size();
+                Do(job, failed);
             }
+            jobs.clear();
+            guard.lock();
+            failures.insert(failures.end(), failed.begin(), failed.end());
+            bytes -= written;
         }
-        guard.lock();
-        failures.insert(failures.end(), failed.begin(), failed.end());
         isInHand = false;
-        bytes -= written;
-        hasRoom.notify_one();
+        isDone.notify_one();
     }
 }

@@ -1,8 +1,10 @@
-// Writes whole files beside the program's own work, in the order in which they were handed over. The program itself has
-// one thread; this is the only other one, and it touches nothing but the files.
+// Fills and publishes new files beside the program's own work. The program itself has one thread; this is the only
+// other one, and it touches nothing but the files that it is handed.
 #pragma once
 #include "base/Failure.h"
+#include "disk/Io.h"
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -10,25 +12,35 @@
 class Writer
 {
 public:
+    using Content = std::shared_ptr<const Text>;
+
     Writer() = default;
     Writer(const Writer &) = delete;
     Writer &operator=(const Writer &) = delete;
     ~Writer();
 
-    // Hands over a file of the host to be written, before Finish at the latest; waits while too much is waiting
-    // already.
-    void Put(Text theFile, Text theContent);
-    // Waits until all is written. Returns what could not be, and forgets it.
+    // Hands over a file that is to get theContent and its name, before Finish at the latest. With much waiting already,
+    // or no second thread to be had, the caller does it at once. Never fails: see Finish.
+    void Put(Io::Draft theDraft, Content theContent);
+    // Has the other thread take up what is waiting, however little it is.
+    void Hurry();
+    // Waits until all files are written. Returns what could not be, and forgets it.
     std::vector<RuntimeFailure> Finish();
 
 private:
+    struct Job {
+        Io::Draft File;
+        Content Bytes;
+    };
+    bool HasThread();
     void Work();
+    void Do(Job &theJob, std::vector<RuntimeFailure> &theFailures);
 
     std::mutex lock;
-    std::condition_variable hasWork, hasRoom;
-    std::vector<std::pair<Text, Text>> waiting;
+    std::condition_variable hasWork, isDone;
+    std::vector<Job> waiting;
     std::size_t bytes = 0;  // of all that is waiting or in hand
-    bool isWanted = false, isInHand = false, isClosing = false;
+    bool isWanted = false, isInHand = false, isClosing = false, hasNoThread = false;
     std::vector<RuntimeFailure> failures;
     std::thread worker;
 };

@@ -6,35 +6,26 @@
 #include "engine/PageText.h"
 #include "engine/SiteWalk.h"
 #include "engine/frmProcess.h"
-#include "engine/frmTheFile.h"
-
-namespace
-{
-// Each call of RouteNav holds one. When the outermost call ends, what Files::Rewrite has kept is forgotten.
-struct RewriteScope {
-    RewriteScope() { ++depth; }
-    ~RewriteScope()
-    {
-        if (--depth == 0)
-            Files::EndRewriting();
-    }
-    RewriteScope(const RewriteScope &) = delete;
-    RewriteScope &operator=(const RewriteScope &) = delete;
-
-    inline static int depth = 0;
-};
 
 // A routed page as it is written to its file, with the line end that every printed text gets.
-Text RoutedFile(const Text &thePage, const Text &depthPrefix)
+static Text RoutedFile(const Text &thePage, const Text &depthPrefix)
 {
     return RelinkRoutedPage(thePage, depthPrefix) + CRLF;
 }
-}  // namespace
+
+static Expectation RouteOf(const Text &theFile)
+{
+    return {RoutedFile, StringMulti(GetDirLevel(theFile, 1), "../")};
+}
+
+Expectation ExpectedRoute(const Text &theFile)
+{
+    return PassesFilter(theFile) ? RouteOf(theFile) : Expectation();
+}
 
 // Deliberate: neither CancelRequested nor optSubdirs is tested: whatever exists in the project directory is routed.
 void RouteNav()
 {
-    const RewriteScope scope;
     const std::int16_t fileCount = Count16(frmProcess::File1.ListCount());
     for (int i = 0; i < fileCount; ++i) {
         const Text file = frmProcess::File1.List(i);
@@ -64,9 +55,7 @@ void RouteTheFile(const Text &theFile)
                 "RouteTheFile().frmProcess"});
             return;
         }
-        frmTheFile::rtb2.Text = "";
-        const Text depthPrefix = StringMulti(GetDirLevel(theFile, 1), "../");
         // The file is overwritten rather than deleted and written again, so that a failure cannot lose it.
-        Files::Rewrite(theFile, RoutedFile, depthPrefix);
+        Files::Rewrite(theFile, RouteOf(theFile));
     });
 }

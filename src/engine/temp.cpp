@@ -5,8 +5,8 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "core/frmLists.h"
-#include "disk/Files.h"
 #include "disk/Paths.h"
+#include "engine/RouteNav.h"
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
 #include <algorithm>
@@ -272,7 +272,7 @@ std::int16_t CreateNewlyKeywordedFile(const Text &theLink, const Text &newFile, 
             Result = 1;
             return;
         }
-        if (CopyFile(source, target) == 1) {
+        if (CopyFile(source, target, ExpectedRoute(target)) == 1) {
             MsgBox(Text("Error copying:") + CRLF + "from:  " + source + CRLF + "To:  " + target);
             Result = 1;
         }

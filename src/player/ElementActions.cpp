@@ -3,7 +3,6 @@
 #include "core/Utils.h"
 #include "disk/Files.h"
 #include "disk/Paths.h"
-#include "disk/PendingWrites.h"
 #include "player/PageReader.h"
 #include "player/Transcript.h"
 #include "toolkit/Gates.h"
@@ -136,7 +135,6 @@ Outcome DoToElement(const Action &theAction, Element &theElement)
 
 Outcome CheckFile(const Action &theAction)
 {
-    PendingWrites::Flush();
     const Text file = Paths::ProgramDir() + "\\" + theAction.Target;
     const bool isFile = Files::IsFile(file);
     const bool exists = isFile || Files::IsDirectory(file);

@@ -1,7 +1,6 @@
 #include "player/PageReader.h"
 #include "core/TextOps.h"
 #include "core/Utils.h"
-#include "disk/Files.h"
 #include "disk/Paths.h"
 
 static Text Between(const Text &thePage, const Text &theHead, const Text &theTail, std::int64_t &thePos)

@@ -35,11 +35,15 @@ int Player::Play(Form &theFirstForm)
 
 void Player::Finish()
 {
-    if (!hasEnded)
+    if (!hasEnded) {
         PendingWrites::Flush();
+        TellLosses();
+    }
     for (const auto &[text, count] : boxes)
         if (count > 1)
             Say("boxes", "shown " + std::to_string(count) + " times: " + text.substr(0, text.find('\r')));
+    if (lost > 0)
+        Say("lost", std::to_string(lost) + (lost == 1 ? " failure in all" : " failures in all"));
     std::cout.flush();
 }
 
@@ -208,6 +212,12 @@ void Player::Refresh(Browser &theBrowser)
 void Player::Standstill(const Text &theWhere, const Text &theWhy)
 {
     Say("standstill", theWhere + ": " + theWhy);
+}
+
+void Player::Lost(const Losses::Loss &theLoss)
+{
+    ++lost;
+    Say("lost", theLoss.File + ": " + theLoss.Reason);
 }
 
 void Player::Failure(const RuntimeFailure &theFailure)

@@ -30,6 +30,7 @@ public:
     void Refresh(Browser &theBrowser) override;
     void Stop(Browser &) override {}
     void Standstill(const Text &theWhere, const Text &theWhy) override;
+    void Lost(const Losses::Loss &theLoss) override;
     void Failure(const RuntimeFailure &theFailure) override;
     void Ended(int theCode) override;
 
@@ -49,6 +50,7 @@ private:
     PlayerBrowser browser;
     std::deque<Text> answers, files;
     std::map<Text, long> boxes;  // how often each message was shown
+    long lost = 0;  // failures that no box told
     Text lastBox;
     std::set<const Form *> shown;
     bool hasEnded = false;

@@ -1,7 +1,4 @@
 #include "toolkit/Controls.h"
-#include "disk/Files.h"
-#include "disk/Paths.h"
-#include "disk/PendingWrites.h"
 #include "toolkit/Presentation.h"
 #include "toolkit/Services.h"
 #include <algorithm>
@@ -118,7 +115,6 @@ void Browser::Reset()
 void Browser::Navigate(const Text &theAddress)
 {
     Touch();
-    PendingWrites::Flush();
     ThePresentation().Navigate(*this, theAddress);
 }
 

@@ -1,5 +1,6 @@
 #include "toolkit/Gates.h"
 #include "disk/Files.h"
+#include "disk/Losses.h"
 #include "disk/PendingWrites.h"
 #include "toolkit/Presentation.h"
 #include "toolkit/Services.h"
@@ -15,12 +16,11 @@ std::exception_ptr pending;     // what a gate kept from passing the seam
 bool hasEnded = false;
 bool hasStarted = false;
 
-// Puts on the disk what is outstanding, and says what could not be.
+// Puts on the disk what is pending, and tells what was lost.
 void FlushAll()
 {
     PendingWrites::Flush();
-    for (const Text &failure : PendingWrites::TakeFailures())
-        ThePresentation().MsgBox(failure, msgOK, DefaultBoxTitle);
+    TellLosses();
 }
 
 void EndThe(int theCode)
@@ -44,6 +44,7 @@ void Resolve()
     } catch (const ProgramEnd &end) {
         EndThe(end.Code);
     } catch (const UntrappedFailure &failure) {
+        Losses::MarkTold(failure.Failure.Where);
         FlushAll();
         ThePresentation().Failure(failure.Failure);
         EndThe(endFailure);

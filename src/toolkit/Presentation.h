@@ -3,6 +3,7 @@
 // The program never names Presentation: it calls MsgBox, DoEvents, Me.Show(). A presentation never calls an event
 // procedure: it calls the gates of Gates.h.
 #pragma once
+#include "disk/Losses.h"
 #include "toolkit/Pickers.h"
 
 // What the program asks of a front.
@@ -33,6 +34,9 @@ struct Presentation {
     virtual void Stop(Browser &theBrowser) = 0;
     // Tells the user of a loop that can never end; returns when the program is to end.
     virtual void Standstill(const Text &theWhere, const Text &theWhy) = 0;
+    // Tells the user of something that could not be read or written and that no message box has told. Never by a box
+    // that has to be answered.
+    virtual void Lost(const Losses::Loss &theLoss) = 0;
     // Tells the user of a failure that no trap caught.
     virtual void Failure(const RuntimeFailure &theFailure) = 0;
     // The program has ended; no gate is called any more.

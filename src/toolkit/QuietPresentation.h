@@ -21,6 +21,7 @@ struct QuietPresentation : Presentation {
     void Refresh(Browser &) override {}
     void Stop(Browser &) override {}
     void Standstill(const Text &, const Text &) override {}
+    void Lost(const Losses::Loss &) override {}
     void Failure(const RuntimeFailure &) override {}
     void Ended(int) override {}
 };

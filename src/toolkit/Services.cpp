@@ -1,5 +1,6 @@
 #include "toolkit/Services.h"
 #include "disk/Files.h"
+#include "disk/Losses.h"
 #include "disk/PendingWrites.h"
 #include "toolkit/Gates.h"
 #include "toolkit/Presentation.h"
@@ -13,6 +14,8 @@ static bool isClockCounted = false;
 
 int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
+    Losses::MarkTold(thePrompt);
+    PendingWrites::Hurry();
     const int Result = ThePresentation().MsgBox(thePrompt, theFlags, theTitle.empty() ? DefaultBoxTitle : theTitle);
     ThrowPending();
     return Result;
@@ -30,19 +33,24 @@ void Beep()
     ThePresentation().Beep();
 }
 
+void TellLosses()
+{
+    if (Losses::HasNews())
+        for (const Losses::Loss &loss : Losses::TakeNews())
+            ThePresentation().Lost(loss);
+}
+
 void DoEvents()
 {
+    TellLosses();
     ThePresentation().DoEvents();
     ThrowPending();
 }
 
 void WaitEvents()
 {
-    // Thousands of copies may be outstanding: what has changed is seen, and the user is heard, before the disk has them
-    // all.
-    if (PendingWrites::HasAny())
-        ThePresentation().PaintNow();
-    PendingWrites::Flush(10);
+    TellLosses();
+    PendingWrites::Hurry();
     ThePresentation().WaitEvents();
     ThrowPending();
 }
@@ -80,7 +88,6 @@ void ReportTrapped(const RuntimeFailure &theFailure, const char *theProcedure)
 
 void Standstill(const Text &theWhere, const Text &theWhy)
 {
-    PendingWrites::Flush();
     ThePresentation().Standstill(theWhere, theWhy);
     throw ProgramEnd{endStandstill};
 }

@@ -27,9 +27,11 @@ void Beep();
 // Lets the screen's events be served: clicks, keys, timers. Costs next to nothing when nothing is due.
 void DoEvents();
 
-// The same for a loop that does nothing but wait: what has been written so far is put on the disk meanwhile, and the
-// presentation may let time pass.
+// The same for a loop that does nothing but wait: the presentation may let time pass.
 void WaitEvents();
+
+// Tells the presentation of the losses that nobody has been told of. The yields and the outermost gate do so.
+void TellLosses();
 
 // Paints where something must be seen now: a tick changed, a screen came up. Serves no click, key or timer.
 void PaintNow();

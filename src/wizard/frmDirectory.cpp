@@ -4,7 +4,6 @@
 #include "core/TextOps.h"
 #include "core/Trap.h"
 #include "core/Utils.h"
-#include "disk/Files.h"
 #include "disk/Paths.h"
 #include "toolkit/Pickers.h"
 #include "wizard/CleanDomain.h"

@@ -3,6 +3,7 @@
 #include "core/FileHandle.h"
 #include "core/TextOps.h"
 #include "core/frmLists.h"
+#include "disk/PendingWrites.h"
 #include "engine/frmProcess.h"
 
 namespace fs = std::filesystem;

@@ -1,5 +1,8 @@
 // The host's files as the program sees them: names, the memory of directories, copies that wait, writes refused.
 #include "TestSite.h"
+#include "disk/DirectoryCache.h"
+#include "disk/Losses.h"
+#include "disk/PendingWrites.h"
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -104,24 +107,36 @@ TEST_F(Host, MemorySeesEveryChange)
     EXPECT_EQ(Joined(FilesIn(In(""))), "other.htm own.htm ");
 }
 
-TEST_F(Host, CopiesAndAddedTextMayWait)
+TEST_F(Host, ACopyIsWhatWasAskedForWhateverIsExpectedOfIt)
 {
     Put("a.htm", "of the site");
     Put("b.htm", "another");
     PutAt(program / "0001/there.htm", "longer than what comes");
-    for (const char *target : {"a.htm", "written.htm", "twice.htm", "deleted.htm", "longer.htm"})
-        Copy("x:\\a.htm", In(target));
-    EXPECT_EQ(Now("a.htm"), "") << "there at once, its bytes follow";
-    EXPECT_EQ(Read(In("a.htm")), "of the site");
+    const auto written = [&](const char *theFile) {
+        PendingWrites::FinishWriting();
+        return Now(theFile);
+    };
+    const auto expected = [](const Text &theContent, const Text &theArgument) { return theArgument + theContent; };
+    const Expectation late{expected, "late "}, other{expected, "other "};
+    for (const char *target :
+        {"a.htm", "confirmed.htm", "other.htm", "written.htm", "deleted.htm", "longer.htm", "read.htm"})
+        Copy("x:\\a.htm", In(target), late);
+    EXPECT_EQ(written("a.htm") + written("confirmed.htm"), "late of the sitelate of the site") << "at once";
+    EXPECT_EQ(Read(In("A.htm")), "of the site") << "for the program it is a copy";
+    EXPECT_FALSE(EndsInLineFeed(In("a.htm")));
+    const auto before = fs::last_write_time(program / "0001/confirmed.htm");
+    Rewrite(In("confirmed.htm"), late);
+    EXPECT_EQ(fs::last_write_time(program / "0001/confirmed.htm"), before) << "nothing is left to do";
+    Rewrite(In("confirmed.htm"), late);
+    Rewrite(In("other.htm"), other);
     Write(In("WRITTEN.htm"), "over");
-    Copy("x:\\b.htm", In("Twice.htm"));
     Delete(In("deleted.htm"));
-    EXPECT_FALSE(IsFile(In("deleted.htm")) || EndsInLineFeed(In("a.htm")));
     Append(In("longer.htm"), " and more");
     Copy(In("a.htm"), In("copied on.htm"));
-    Write(In("a.htm"), "changed");
-    Copy(In("copied on.htm"), In("COPIED ON.htm"));
-    Copy("x:\\b.htm", In("THERE.htm"));
+    Copy("x:\\b.htm", In("THERE.htm"), late);
+    Put("a.htm", "changed since");
+    Copy("x:\\a.htm", In("later.htm"), late);
+    EXPECT_EQ(written("later.htm") + written("read.htm"), "late changed sincelate of the site");
     for (int i = 0; i < 30000; ++i)
         Append(In("rows.sav"), "abc\n");
     EXPECT_TRUE(EndsInLineFeed(In("rows.sav")) && Now("rows.sav").size() < 120000) << "not a write a row";
@@ -129,41 +144,84 @@ TEST_F(Host, CopiesAndAddedTextMayWait)
     Write(In("rows.sav"), "new");
     Append(In("rows.sav"), " and");
     PendingWrites::Flush();
-    for (const auto &[file, content] : Pairs{{"a.htm", "changed"}, {"written.htm", "over"}, {"twice.htm", "another"},
-             {"deleted.htm", "(none)"}, {"longer.htm", "of the site and more"}, {"copied on.htm", "of the site"},
-             {"there.htm", "another"}, {"THERE.htm", "(none)"}, {"rows.sav", "new and"}})
+    for (const auto &[file, content] :
+        Pairs{{"a.htm", "of the site"}, {"confirmed.htm", "late late of the site"}, {"other.htm", "other of the site"},
+            {"written.htm", "over"}, {"deleted.htm", "(none)"}, {"longer.htm", "of the site and more"},
+            {"copied on.htm", "of the site"}, {"there.htm", "another"}, {"THERE.htm", "(none)"},
+            {"rows.sav", "new and"}, {"later.htm", "changed since"}, {"read.htm", "changed since"}})
         EXPECT_EQ(Now(file), content) << file;
-    EXPECT_TRUE(PendingWrites::TakeFailures().empty());
+    EXPECT_TRUE(Losses::All().empty());
 }
 
-TEST_F(Host, CopiesThatCannotBeMadeSaySo)
+TEST_F(Host, WhatCannotBeDoneSaysSoAndIsNoted)
 {
     Put("a.htm", "a");
     Put("b.htm", "b");
     fs::create_directory(program / "0001/d");
+    const Expectation late{[](const Text &theContent, const Text &) { return theContent + "!"; }};
     for (const Text &target : {In("d"), In("d\\"), In("no\\a.htm"), In(""), In(Text(300, 'n')), Text("a.htm")})
-        EXPECT_THROW(Copy("x:\\a.htm", target), RuntimeFailure) << target;
+        for (const Expectation &expectation : {Expectation(), late}) {
+            EXPECT_THROW(Copy("x:\\a.htm", target, expectation), RuntimeFailure) << target;
+        }
     for (const char *source : {"x:\\gone.htm", "x:\\", "x:\\*.htm", ""})
-        EXPECT_THROW(Copy(source, In("a.htm")), RuntimeFailure) << source;
-    fs::permissions(site / "b.htm", fs::perms::none);
-    if (geteuid() != 0) {
-        EXPECT_THROW(Copy("x:\\b.htm", In("b.htm")), RuntimeFailure) << "when it is asked for, not later";
-    }
-    fs::permissions(site / "b.htm", fs::perms::owner_all);
+        EXPECT_THROW(Copy(source, In("a.htm"), late), RuntimeFailure) << source;
     EXPECT_TRUE(FilesIn(In(""))->empty());
+    ASSERT_EQ(Losses::All().size(), 10u);
+    EXPECT_EQ(Losses::All()[0].File + Losses::All()[0].Reason, In("d") + "not a plain file");
+    EXPECT_EQ(Losses::All()[0].Times, 2);
+    EXPECT_TRUE(Losses::HasNews());
+    Losses::MarkTold("Unable to copy file:\r\n" + In("d") + "\r\n");
+    EXPECT_EQ(Losses::TakeNews().size(), 9u) << "the one that the words name is told";
+    EXPECT_FALSE(Losses::HasNews());
     Rest();
     for (const char *target : {"d\\a.htm", "a.htm"})
-        Copy("x:\\a.htm", In(target));
-    Copy("x:\\b.htm", In("b.htm"));
+        Copy("x:\\a.htm", In(target), late);
+    Copy("x:\\b.htm", In("b.htm"), late);
+    PendingWrites::FinishWriting();
     fs::remove_all(program / "0001/d");
     fs::remove(site / "a.htm");
     EXPECT_FALSE(IsFile(In("d\\a.htm")) || IsFile("x:\\a.htm"));
     PendingWrites::Flush();
-    const std::vector<Text> failures = PendingWrites::TakeFailures();
-    EXPECT_TRUE(failures.size() == 2 && failures[0].starts_with("Unable to copy file:\r\n") &&
-                PendingWrites::TakeFailures().empty());
-    EXPECT_EQ(Now("b.htm"), "b") << "the others are made";
+    EXPECT_EQ(Losses::TakeNews().size(), 2u);
+    EXPECT_EQ(Now("a.htm") + Now("b.htm"), "a!b") << "the one that can't be made anew stays, the others are made";
     EXPECT_TRUE(MakeDirectory(In("d")));
+}
+
+TEST_F(Host, AReplacedFileIsNeverSeenHalf)
+{
+    PutAt(program / "0001/read only.htm", "old");
+    fs::permissions(program / "0001/read only.htm", fs::perms::owner_read);
+    PutAt(program / "0001/whole.htm", Text(100000, 'o'));
+    const fs::path whole = program / "0001/whole.htm";
+    std::ifstream reader(whole);
+    Write(In("whole.htm"), Text(100, 'n'));
+    Write(In("read only.htm"), "new");
+    std::ostringstream seen;
+    seen << reader.rdbuf();
+    EXPECT_EQ(seen.str(), Text(100000, 'o')) << "who has opened the old file reads it to its end";
+    EXPECT_EQ(Now("whole.htm") + Now("read only.htm"), Text(100, 'n') + "new");
+    EXPECT_EQ(fs::status(program / "0001/read only.htm").permissions(), fs::perms::owner_read);
+    EXPECT_EQ(Joined(FilesIn(In(""))), "read only.htm whole.htm ");
+    for (const auto &file : fs::directory_iterator(program / "0001"))
+        EXPECT_NE(file.path().filename().string()[0], '.') << file.path() << " is left behind";
+}
+
+TEST_F(Host, OnlyPlainFilesAreReadAndLoopsAreEntered)
+{
+    Put("d/page.htm", "page");
+    fs::create_directory_symlink("..", site / "d/up");
+    EXPECT_EQ(Joined(DirectoriesIn("x:\\d")), "") << "a walk must not go there";
+    EXPECT_EQ(Read("x:\\d\\up\\d\\page.htm"), "page");
+    EXPECT_TRUE(IsFile("x:\\d\\page.htm"));
+    DirectoryCache::SetRecheckInterval(1'000'000);
+    EXPECT_TRUE(IsFile("x:\\d\\page.htm"));
+    fs::remove(site / "d/page.htm");
+    ASSERT_EQ(mkfifo((site / "d/page.htm").c_str(), 0600), 0);
+    EXPECT_THROW(Read("x:\\d\\page.htm"), RuntimeFailure) << "not a plain file any more";
+    EXPECT_THROW(Copy("x:\\d\\page.htm", In("a.htm")), RuntimeFailure);
+    EXPECT_TRUE(
+        IsReallyInside("c:\\usr", "c:\\") && IsReallyInside("c:\\", "c:\\") && !IsReallyInside("c:\\", "c:\\usr"));
+    EXPECT_FALSE(IsReallyInside("c:\\usr", "x:\\gone") || IsReallyInside("x:\\gone", "c:\\"));
 }
 
 TEST_F(Host, NothingIsWrittenOutsideTheProjects)
@@ -179,7 +237,7 @@ TEST_F(Host, NothingIsWrittenOutsideTheProjects)
     for (const char *path :
         {"..\\site on x\\a.htm", "..\\domains.lst", "../domains.lst", "d\\..\\..\\domains.lst", "..\\new.txt",
             "..\\imgs\\btnNext.jpg", "..\\notes\\a.htm", "..\\0001x\\a.htm", "..\\12\\a.htm", "..\\0003\\a.htm",
-            "..\\..\\new.sav", "link\\a.htm", "link\\new.htm", "LINK.htm", "link\\..\\..\\domains.lst", "..\\0001"}) {
+            "..\\..\\new.sav", "link\\a.htm", "link\\new.htm", "link\\..\\..\\domains.lst", "..\\0001"}) {
         const Text file = In(path);
         EXPECT_THROW(Write(file, "spoilt"), RuntimeFailure) << file;
         EXPECT_THROW(Append(file, "spoilt"), RuntimeFailure) << file;
@@ -187,11 +245,12 @@ TEST_F(Host, NothingIsWrittenOutsideTheProjects)
         EXPECT_THROW(Delete(file), RuntimeFailure) << file;
         EXPECT_FALSE(MakeDirectory(file)) << file;
     }
-    Write(In("hard.htm"), "of the project");
+    for (const char *link : {"hard.htm", "LINK.htm"})
+        Write(In(link), "of the project");
     PendingWrites::Flush();
     for (const Text &file : kept)
         EXPECT_EQ(OnDisk(file), "kept") << file;
-    EXPECT_EQ(Joined(FilesIn("x:\\")) + Now("hard.htm"), "a.htm b.htm of the project");
+    EXPECT_EQ(Joined(FilesIn("x:\\")) + Now("hard.htm") + Now("link.htm"), "a.htm b.htm of the projectof the project");
     for (const char *path : {"..\\variables.sav", "..\\Last.chk", "a.htm", "..\\0001_store\\a", "link\\..\\b.htm"}) {
         Write(In(path), "new");
         EXPECT_EQ(Read(In(path)), "new") << path;

@@ -1,46 +1,42 @@
-// Files written beside the program's work: all of them, in their order, and failures told.
+// Files made beside the program's work: all of them, whole, and failures told.
 #include "TestSite.h"
 #include "disk/Writer.h"
 
 using WriterTest = TestSite;
 
-TEST_F(WriterTest, WritesAllInOrderAndTellsFailures)
+TEST_F(WriterTest, MakesAllFilesAndTellsFailures)
 {
     Writer writer;
     EXPECT_TRUE(writer.Finish().empty()) << "with nothing handed over yet";
-    const auto path = [&](int i) { return (site / std::to_string(i % 700)).string(); };
-    for (int i = 0; i < 1400; ++i) {
-        writer.Put(path(i), std::to_string(i).append(i == 600 ? 9 << 20 : 10, '.'));
+    const auto path = [&](int i) { return (site / std::to_string(i)).string(); };
+    const auto content = [](int i) {
+        return std::make_shared<const Text>(std::to_string(i).append(i == 600 ? 9 << 20 : 10, '.'));
+    };
+    PutAt(path(650), "there already");
+    for (int i = 0; i < 700; ++i) {
+        writer.Put(Io::Draft(path(i)), content(i));
         if (i == 300) {
             EXPECT_TRUE(writer.Finish().empty());
         }
     }
-    writer.Put((program / "nowhere" / "f").string(), "lost");
-    writer.Put(path(0), "last");
+    writer.Hurry();
     const auto failures = writer.Finish();
     ASSERT_EQ(failures.size(), 1u);
-    EXPECT_EQ(failures[0].Where, (program / "nowhere" / "f").string());
+    EXPECT_EQ(failures[0].Where, path(650));
     EXPECT_TRUE(writer.Finish().empty()) << "told once";
-    EXPECT_EQ(OnDisk("site on x/0"), "last");
-    for (int i = 701; i < 1400; ++i)
-        ASSERT_EQ(OnDisk(Text("site on x/").append(std::to_string(i % 700))), std::to_string(i).append(10, '.'));
+    for (int i = 0; i < 700; ++i)
+        ASSERT_EQ(OnDisk("site on x/" + std::to_string(i)), i == 650 ? "there already" : *content(i));
 }
 
-TEST_F(WriterTest, TheProgramReadsWhatItHandedOver)
+TEST_F(WriterTest, AFileThatIsNotPublishedWasNeverThere)
 {
-    StartProject();
-    Put("a.htm", "source");
-    const Text page = "c:" + (program / "0001" / "a.htm").string();
-    Text target = page;
-    std::replace(target.begin(), target.end(), '/', '\\');
-    Files::Copy("x:\\a.htm", target);
-    EXPECT_EQ(OnDisk("0001/a.htm"), "") << "the file is there, its bytes are not yet";
-    Files::Write(target, "routed");
-    EXPECT_EQ(Files::Read(target), "routed");
-    Files::Append(target, " and more");
-    PendingWrites::Flush();
-    EXPECT_EQ(OnDisk("0001/a.htm"), "routed and more");
-    Files::Copy("x:\\a.htm", target);
-    EXPECT_EQ(OnDisk("0001/a.htm"), "source") << "over a file that is there at once";
-    EXPECT_TRUE(PendingWrites::TakeFailures().empty());
+    for (const bool willReplace : {false, true}) {
+        PutAt(site / "old", "old");
+        {
+            Io::Draft draft((site / (willReplace ? "old" : "new")).string(), willReplace);
+            draft.Write("a part");
+        }
+        EXPECT_EQ(OnDisk("site on x/old") + OnDisk("site on x/new"), "old(none)");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(site), {}), 1) << "nothing else either";
+    }
 }

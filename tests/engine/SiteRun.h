@@ -1,6 +1,7 @@
 // Sites of a few files, and runs over them without the wizard.
 #pragma once
 #include "TestSite.h"
+#include "disk/PendingWrites.h"
 #include "core/TextOps.h"
 #include "core/frmLists.h"
 #include "engine/frmProcess.h"
