@@ -29,8 +29,7 @@ HelpTopic hlpTitle{Me, "hlpTitle", {554, 56}, "Keyword Entry",
     "This step is crucial.  The keywords you enter here become part of the file names of your new pages and of the "
     "links that lead to them.  Think of the words people type into a search engine when they look for what your site "
     "offers, and enter those.  Phrases of two or three words do very well.  Enter more different keywords than you "
-    "want in each file name, none of them a part of another: with too few of them the expansion can't come to its "
-    "end."};
+    "want in each file name, and none that is part of another: with too few of them the expansion can't finish."};
 Label Label2{Me, "Label2",
     {.At = {24, 84, 276, 90},
         .Caption = "Enter keyword phrases that are most relevant to your site's content and purpose.  After "
@@ -46,8 +45,8 @@ Image btn_AddKeyword{
 HelpTopic btn_hlpAddKeyword{Me, "btn_hlpAddKeyword", {170, 259}, "Add a Keyword",
     "Type a keyword into the blank, and click the 'Add Keyword' button or press the Enter key to add it to your Master "
     "Keyword List.  A keyword may be a single word or a whole phrase.  Blanks are fine, but the character + is not "
-    "allowed.  A keyword that you enter twice is drawn more often, but it doesn't count as another one: no word stands "
-    "twice in one file name."};
+    "allowed.  A keyword that you enter twice is drawn more often, but it doesn't count as another one: no keyword is "
+    "used twice in one file name."};
 Label Label9{Me, "Label9", {.At = {24, 300, 286, 18}, .Caption = "Load keywords from text file (one per line)"}};
 Image btnLoadKeywords{
     Me, "btnLoadKeywords", {.At = {24, 322, 92, 32}, .AccessibleName = "Load", .Click = btnLoadKeywords_Click}};

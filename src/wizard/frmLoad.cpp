@@ -26,7 +26,7 @@ ListBox lstProjNames{Me, "lstProjNames",
 HelpTopic hlpList{Me, "hlpList", {554, 88}, "Project List",
     "This is a master list of all the projects you have created to date.  Click on the one you'd like to work with and "
     "press Next, or simply double-click it.  I'll fill in the screens that follow with what you saved.  Two projects "
-    "may bear the same name; each has a number and files of its own.  Please don't delete a project's folders by hand: "
+    "may have the same name; each has a number and files of its own.  Please don't delete a project's folders by hand: "
     "the list ends where a number is missing."};
 // In step with lstProjNames, row for row.
 ListBox lstProjNums{Me, "lstProjNums", {.Visible = false}};
