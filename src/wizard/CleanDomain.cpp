@@ -1,4 +1,5 @@
 #include "wizard/CleanDomain.h"
+#include "wizard/HelpBox.h"
 
 // Does not use StripFromEnds, which leaves a doubled end in place.
 Text CleanDomain(const Text &theDomain)
@@ -11,4 +12,12 @@ Text CleanDomain(const Text &theDomain)
         while (Result.ends_with(tail))
             Result.pop_back();
     return Result;
+}
+
+void RefuseEmptyDomain(Form &theForm)
+{
+    ShowHelpBox(theForm, "Domain Name",
+        "To continue, you must enter a domain name for your project.  This is the site that Ferncastle will use to "
+        "find "
+        "your internal links as well as for other functions.");
 }

@@ -97,9 +97,7 @@ void btnNext_Click()
             return;
         }
         if (txtDomainName.Text == "") {
-            ShowHelpBox(Me, "Domain Name",
-                "To continue, you must enter a domain name for your project.  This is the site that Ferncastle "
-                "will use to find your internal links as well as for other functions.");
+            RefuseEmptyDomain(Me);
             return;
         }
         ProjectName = txtProjName.Text;

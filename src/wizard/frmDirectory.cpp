@@ -94,9 +94,7 @@ void btnNext_Click()
             if (txtDomainName.Text == "") {
                 // Deliberate: the box is closed again below, before anybody can read it, and the domain stays as it
                 // was.
-                ShowHelpBox(Me, "Domain Name",
-                    "To continue, you must enter a domain name for your project.  This is the site that "
-                    "Ferncastle will use to find your internal links as well as for other functions.");
+                RefuseEmptyDomain(Me);
             } else {
                 DomainName = CleanDomain(txtDomainName.Text);
                 PrintToFile(InStoreDir(ProjectNumber + ".dom"), DomainName + "[]");

@@ -126,6 +126,14 @@ void Text1_KeyPress(int &KeyAscii)
     });
 }
 
+static const char *const clearQuestion = "Are you sure you want to clear the filters list?";
+
+// Deliberate: the title is that of the Clear button, also for removing one filter.
+static bool Confirmed(const Text &theQuestion)
+{
+    return MsgBox(theQuestion, msgYesNo + msgStop + msgThirdDefault, "Clear Filters List") == answerYes;
+}
+
 void btnRemoveFilter_Click()
 {
     Trap([] {
@@ -135,25 +143,17 @@ void btnRemoveFilter_Click()
                 "\r\nYou must select a keyword to be removed by clicking on the keyword in the keyword list");
             return;
         }
-        // Deliberate: the title is that of the Clear button.
-        if (MsgBox("Are you sure you want to remove the selected filter?", msgYesNo + msgStop + msgThirdDefault,
-                "Clear Filters List") == answerYes) {
+        if (Confirmed("Are you sure you want to remove the selected filter?")) {
             List1.RemoveItem(List1.ListIndex);
             ShowCount();
         }
     });
 }
 
-static bool ConfirmClear()
-{
-    return MsgBox("Are you sure you want to clear the filters list?", msgYesNo + msgStop + msgThirdDefault,
-               "Clear Filters List") == answerYes;
-}
-
 void btnClearList_Click()
 {
     Trap([] {
-        if (ConfirmClear()) {
+        if (Confirmed(clearQuestion)) {
             List1.Clear();
             ShowCount();
         }
@@ -164,7 +164,7 @@ void btnResetList_Click()
 {
     Trap([] {
         // Deliberate: asks the same question as the Clear button.
-        if (ConfirmClear())
+        if (Confirmed(clearQuestion))
             SetDefaultRows();
     });
 }
