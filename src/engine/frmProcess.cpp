@@ -15,9 +15,7 @@
 namespace frmProcess
 {
 void Form_Load(), Timer1_Timer(), Timer2_Timer(), Dir1_Change();
-void btnPause_Click(), btnResume_Click(), btnCancel_Click(), btnCloseHelp_Click();
-void hlpFilesProcessed_Click(), hlpPagesAdded_Click(), hlpKeywordsAdded_Click(), hlpLinksInternal_Click();
-void hlpLinksExternal_Click(), hlpLinksBroken_Click(), Image1_Click(), Image2_Click();
+void btnPause_Click(), btnResume_Click(), btnCancel_Click();
 
 Form Me{"frmProcess", {.Load = Form_Load}};
 MenuBar Menu{Me, fullMenu};
@@ -39,55 +37,49 @@ Label lblCurrentFile{
 
 Label Label8{Me, "Label8", {.At = {24, 204, 130, 18}, .Caption = "Files Processed"}};
 Label lblFilesCnt{Me, "lblFilesCnt", {.At = {158, 198, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image hlpFilesProcessed{Me, "hlpFilesProcessed",
-    {.At = {258, 202, 22, 22},
-        .AccessibleName = "Help: Files Processed",
-        .As = Role::Help,
-        .Click = hlpFilesProcessed_Click}};
+HelpTopic hlpFilesProcessed{Me, "hlpFilesProcessed", {258, 202}, "Files Processed",
+    "This is a count of how many of your sites pages have been processed so far."};
 Label Label9{Me, "Label9", {.At = {24, 244, 130, 18}, .Caption = "Pages Added"}};
 Label lblPagesAdded{Me, "lblPagesAdded", {.At = {158, 238, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image hlpPagesAdded{Me, "hlpPagesAdded",
-    {.At = {258, 242, 22, 22}, .AccessibleName = "Help: Pages Added", .As = Role::Help, .Click = hlpPagesAdded_Click}};
+HelpTopic hlpPagesAdded{Me, "hlpPagesAdded", {258, 242}, "Pages Added",
+    "This is a count of how many pages have been created, referenced, and added to your site's "
+    "structure."};
 Label Label10{Me, "Label10", {.At = {24, 284, 130, 18}, .Caption = "Keywords Added"}};
 Label lblKeywordsAdded{Me, "lblKeywordsAdded", {.At = {158, 278, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image hlpKeywordsAdded{Me, "hlpKeywordsAdded",
-    {.At = {258, 282, 22, 22},
-        .AccessibleName = "Help: Keywords Added",
-        .As = Role::Help,
-        .Click = hlpKeywordsAdded_Click}};
+HelpTopic hlpKeywordsAdded{Me, "hlpKeywordsAdded", {258, 282}, "Keywords Added",
+    "This is the total number of your chosen keywords that have been interspersed throughout your "
+    "site.\r\n\r\nThis greatly increases your keyword density, and therefore all of your site's pages "
+    "will have a higher page rank priority."};
 Label Label11{Me, "Label11", {.At = {24, 324, 130, 18}, .Caption = "Internal Links"}};
 Label lblLinksInternalCnt{
     Me, "lblLinksInternalCnt", {.At = {158, 318, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image hlpLinksInternal{Me, "hlpLinksInternal",
-    {.At = {258, 322, 22, 22},
-        .AccessibleName = "Help: Internal Links",
-        .As = Role::Help,
-        .Click = hlpLinksInternal_Click}};
+HelpTopic hlpLinksInternal{Me, "hlpLinksInternal", {258, 322}, "Internal Links",
+    "Here is the number of internal links that have been found on your site.  Each one creates a new "
+    "page for your site that is visually identical to the file that the link references.  The main "
+    "difference is that the new filename and file contents contain many more of your chosen keywords."};
 Label Label12{Me, "Label12", {.At = {320, 204, 130, 18}, .Caption = "External Links"}};
 Label lblLinksExternalCnt{
     Me, "lblLinksExternalCnt", {.At = {454, 198, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image hlpLinksExternal{Me, "hlpLinksExternal",
-    {.At = {554, 202, 22, 22},
-        .AccessibleName = "Help: External Links",
-        .As = Role::Help,
-        .Click = hlpLinksExternal_Click}};
+HelpTopic hlpLinksExternal{Me, "hlpLinksExternal", {554, 202}, "External Links",
+    "This is the number of links found on your site that link a visitor to a destination that is not "
+    "on your site."};
 Label Label13{Me, "Label13", {.At = {320, 244, 130, 18}, .Caption = "Broken Links"}};
 Label lblLinksBrokenCnt{
     Me, "lblLinksBrokenCnt", {.At = {454, 238, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image hlpLinksBroken{Me, "hlpLinksBroken",
-    {.At = {554, 242, 22, 22},
-        .AccessibleName = "Help: Broken Links",
-        .As = Role::Help,
-        .Click = hlpLinksBroken_Click}};
+HelpTopic hlpLinksBroken{Me, "hlpLinksBroken", {554, 242}, "Broken Links",
+    "Ferncastle has found this many broken links on your site.  You can see details regarding these "
+    "links in the report that is generated upon completion of the expansion process."};
 Label Label14{Me, "Label14", {.At = {320, 284, 130, 18}, .Caption = "Media Files"}};
 Label lblMediaFilesFound{
     Me, "lblMediaFilesFound", {.At = {454, 278, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image Image1{Me, "Image1",
-    {.At = {554, 282, 22, 22}, .AccessibleName = "Help: Media Files", .As = Role::Help, .Click = Image1_Click}};
+HelpTopic Image1{Me, "Image1", {554, 282}, "Media Files",
+    "This is a count of how many media files are on your site.  Examples of media files are any "
+    "images, movies, audio files, zipped files, etc."};
 Label Label15{Me, "Label15", {.At = {320, 324, 130, 18}, .Caption = "Media Links"}};
 Label lblLinksMedia{Me, "lblLinksMedia", {.At = {454, 318, 92, 30}, .Caption = "0", .Style = TextStyle::Counter}};
-Image Image2{Me, "Image2",
-    {.At = {554, 322, 22, 22}, .AccessibleName = "Help: Media Links", .As = Role::Help, .Click = Image2_Click}};
+HelpTopic Image2{Me, "Image2", {554, 322}, "Media Links",
+    "Here you'll find a number that represents how many media files on your site to which you have "
+    "made links for your visitors."};
 
 // Two pairs of buttons, each on one spot.
 Image btnPause{Me, "btnPause",
@@ -98,7 +90,7 @@ Image btnCancel{Me, "btnCancel",
     {.At = {472, 372, 104, 34}, .AccessibleName = "Cancel", .As = Role::Cancel, .Click = btnCancel_Click}};
 Image btnReport{Me, "btnReport",
     {.At = {472, 372, 104, 34}, .AccessibleName = "Report", .Visible = false, .Click = btnReport_Click}};
-HelpFrame Help{Me, btnCloseHelp_Click};
+HelpFrame Help{Me};
 
 DirList Dir1{Me, "Dir1", {.Change = Dir1_Change}};
 FileList File1{Me, "File1", {}};
@@ -127,10 +119,12 @@ void Form_Load()
     LinksInternalCnt = 0;
     FilesProcessedCnt = 0;
     RunSpareCnt = 0;
-    for (Image *help : {&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded, &hlpLinksInternal, &hlpLinksExternal,
-             &hlpLinksBroken, &Image1, &Image2})
-        help->Picture = PictureOf("btnHelp.jpg");
     Timer1.Enabled = true;
+    // Tested first, since a failure here would end the program: a help spot without its picture must not cost the run.
+    if (ifFileExists(InProgramDir("imgs\\btnHelp.jpg")))
+        for (Image *help : std::initializer_list<Image *>{&hlpFilesProcessed, &hlpPagesAdded, &hlpKeywordsAdded,
+                 &hlpLinksInternal, &hlpLinksExternal, &hlpLinksBroken, &Image1, &Image2})
+            help->Picture = PictureOf("btnHelp.jpg");
 }
 
 // Has no trap, like the walk that it runs.
@@ -221,81 +215,4 @@ void btnReport_Click()
     }
 }
 
-void btnCloseHelp_Click()
-{
-    Trap([] { CloseHelpBox(Me); });
-}
-
-void hlpFilesProcessed_Click()
-{
-    Trap([] {
-        ShowHelpBox(
-            Me, "Files Processed", "This is a count of how many of your sites pages have been processed so far.");
-    });
-}
-
-void hlpPagesAdded_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Pages Added",
-            "This is a count of how many pages have been created, referenced, and added to your site's "
-            "structure.");
-    });
-}
-
-void hlpKeywordsAdded_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Keywords Added",
-            "This is the total number of your chosen keywords that have been interspersed throughout your "
-            "site.\r\n\r\nThis greatly increases your keyword density, and therefore all of your site's pages "
-            "will have a higher page rank priority.");
-    });
-}
-
-void hlpLinksInternal_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Internal Links",
-            "Here is the number of internal links that have been found on your site.  Each one creates a new "
-            "page for your site that is visually identical to the file that the link references.  The main "
-            "difference is that the new filename and file contents contain many more of your chosen keywords.");
-    });
-}
-
-void hlpLinksExternal_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "External Links",
-            "This is the number of links found on your site that link a visitor to a destination that is not "
-            "on your site.");
-    });
-}
-
-void hlpLinksBroken_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Broken Links",
-            "Ferncastle has found this many broken links on your site.  You can see details regarding these "
-            "links in the report that is generated upon completion of the expansion process.");
-    });
-}
-
-void Image1_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Media Files",
-            "This is a count of how many media files are on your site.  Examples of media files are any "
-            "images, movies, audio files, zipped files, etc.");
-    });
-}
-
-void Image2_Click()
-{
-    Trap([] {
-        ShowHelpBox(Me, "Media Links",
-            "Here you'll find a number that represents how many media files on your site to which you have "
-            "made links for your visitors.");
-    });
-}
 }  // namespace frmProcess

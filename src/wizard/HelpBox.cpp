@@ -16,11 +16,6 @@ HelpTopic::HelpTopic(Form &theForm, const char *theName, Spot theSpot, Text theH
 }
 
 HelpFrame::HelpFrame(Form &theForm, Text theRestingHeading)
-    : HelpFrame(theForm, [&theForm, heading = std::move(theRestingHeading)] { CloseHelpBox(theForm, heading); })
-{
-}
-
-HelpFrame::HelpFrame(Form &theForm, Handler btnCloseHelp_Click)
     : bg_help(theForm, "bg_help", {.At = {normalWidth, 0, frameWidth, 435}}),
       textHBHeading(theForm, "textHBHeading",
           {.At = {normalWidth + 12, 58, frameWidth - 24, 36}, .Style = TextStyle::HelpHeading}),
@@ -33,7 +28,9 @@ HelpFrame::HelpFrame(Form &theForm, Handler btnCloseHelp_Click)
           {.At = {normalWidth + 34, 372, 92, 34},
               .AccessibleName = "Close help",
               .As = Role::CloseHelp,
-              .Click = btnCloseHelp_Click})
+              .Click = [&theForm, heading = std::move(theRestingHeading)] {
+                  Trap([&] { CloseHelpBox(theForm, heading); });
+              }})
 {
 }
 

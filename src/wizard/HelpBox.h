@@ -15,7 +15,6 @@ struct HelpTopic : Image {
 // theRestingHeading is its heading while it is closed.
 struct HelpFrame {
     explicit HelpFrame(Form &theForm, Text theRestingHeading = "");
-    HelpFrame(Form &theForm, Handler btnCloseHelp_Click);
     Image bg_help;
     Label textHBHeading, textHBText;
     Image btnCloseHelp;
