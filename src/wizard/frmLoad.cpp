@@ -47,7 +47,6 @@ void Form_Load()
     Trap([] {
         ApplyScreenLook(Me, "bg_main01.jpg", 1, 1);
         Menu.mnuTools.Visible = false;
-        hlpList.Picture = PictureOf("btnHelp.jpg");
         File1.Pattern = "*.pro";
         File1.Path = Paths::ProgramDir();
         // Deliberate: nothing ever shows them again, so a project can't be removed.
@@ -56,6 +55,8 @@ void Form_Load()
         Command2.Visible = false;
         LoadProjectList();
         lstProjNames.ListIndex = 0;
+        // Last, since a missing picture ends the load here: it must not cost the user the list.
+        hlpList.Picture = PictureOf("btnHelp.jpg");
     });
 }
 
