@@ -1,17 +1,17 @@
-// What can stop a procedure: a run-time failure, the end of the program, a standstill.
+// What can stop a procedure: a run-time failure or the end of the program.
 #pragma once
 #include "base/Text.h"
 #include <cstdint>
 #include <limits>
 
-// A failure that a trap catches: a bad cut of a text, a count that left its 16 or 32 bits, a failed file operation,
-// a list row that isn't there, a picture that cannot be loaded.
+// A failure that a trap catches: a text operation with a wrong position, a count beyond its 16 or 32 bits, a failed
+// file operation, a list row that isn't there, a picture that cannot be loaded.
 struct RuntimeFailure {
     Text What;   // one line for a person, such as "negative count"
     Text Where;  // the operation or the path that failed
 };
 
-// A failure that no trap caught; passes through every trap further down, and ends the program.
+// A failure that no trap caught. It passes through all outer traps and ends the program.
 struct UntrappedFailure {
     RuntimeFailure Failure;
 };
@@ -26,7 +26,7 @@ struct ProgramEnd {
     throw RuntimeFailure{theWhat, theWhere};
 }
 
-// Ends the program at once, wherever it stands, with nothing saved and no screen closed. Doesn't return.
+// Ends the program at once, with nothing saved and no screen closed. Doesn't return.
 [[noreturn]] inline void End()
 {
     throw ProgramEnd{0};

@@ -30,7 +30,7 @@ namespace
 
 void CloseHandle(int &theHandle, const Text &thePath)
 {
-    // Some file systems tell only now that what was written is lost.
+    // Some file systems report only now that what was written is lost.
     if (close(std::exchange(theHandle, -1)) != 0)
         FailHere(thePath);
 }
@@ -54,7 +54,7 @@ class OpenFile
 public:
     explicit OpenFile(const Text &theFile) : path(theFile)
     {
-        // Without waiting: what was a file a moment ago may be a pipe now.
+        // Opened without waiting, since what was a file a moment ago may be a pipe now.
         handle = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
         if (handle < 0)
             FailHere(path);

@@ -6,8 +6,8 @@
 //   TextBox.Text    nothing
 //   CheckBox.Value  nothing
 //   ListBox rows, ListIndex   nothing
-//   Timer.Interval, Enabled   nothing; an enabled timer starts its interval anew
-//   Form.Width, Height        nothing; Resize is the user's doing alone
+//   Timer.Interval, Enabled   nothing; the interval of an enabled timer starts again
+//   Form.Width, Height        nothing; only the user causes Resize
 #pragma once
 #include "toolkit/Form.h"
 #include <memory>
@@ -15,31 +15,31 @@
 // What a control is for. A presentation derives its shape, its keys, its tip and whether Tab stops at it from this.
 enum class Role {
     None,
-    Next,       // leads on to the next screen
-    Back,       // leads to the screen before
+    Next,       // goes on to the next screen
+    Back,       // goes back to the screen before
     Primary,    // the one thing to press on a screen that has no Next
     Cancel,     // ends the run
     Help,       // a help spot
     HelpText,   // the text of the help box
-    CloseHelp,  // shuts the help box
+    CloseHelp,  // closes the help box
     Tile,       // a large button of the main menu
     Card,       // a picture that fills the upper part of a card
-    Repeat,     // does what an earlier control does, for the mouse alone
+    Repeat,     // does the same as an earlier control; for the mouse only
 };
 
 // How a control's text is drawn; the presentation knows the fonts and colours.
 enum class TextStyle { Body, Title, SubTitle, Dim, Value, Counter, HelpHeading, HelpText, Status, Splash };
 
-// Where a control stands, in pixels; left and top count from the upper left corner of the screen's body.
+// A control's position and size in pixels, counted from the upper left corner of the screen's body.
 struct Place {
     double Left = 0, Top = 0, Width = 0, Height = 0;
 };
 
-// What a visible control is at design and now.
+// The values of a visible control.
 struct Face {
     Place At = {};
     Text Caption = {};         // what it shows: a label's caption, a text box's text, a menu item's words
-    Text AccessibleName = {};  // what screen readers call the control; of a picture also its tip
+    Text AccessibleName = {};  // for screen readers; also the tip of a picture
     Text Picture = {};         // path of its picture
     TextStyle Style = TextStyle::Body;
     Role As = Role::None;
@@ -126,7 +126,7 @@ public:
     const char *Kind() const override { return "menu item"; }
 };
 
-// A frame with a ground of its own; Shape is a filled box inside a frame, placed from the frame's corner.
+// A frame with a background of its own; Shape is a filled box inside a frame, placed from the frame's corner.
 class Frame : public Control
 {
 public:
@@ -144,7 +144,7 @@ public:
     const char *Kind() const override { return "shape"; }
 };
 
-// An ordered list of rows, addressed from 0, in the order of their adding.
+// A list of rows, counted from 0, in the order in which they were added.
 class ListBox : public Control
 {
 public:
@@ -155,7 +155,7 @@ public:
     // Sets a row's text. One past the end adds the row; any other missing row is a run-time failure.
     void SetList(std::int64_t theIndex, Text theText);
     void AddItem(Text theText);
-    // Takes a row out; a run-time failure when there is no such row. The selection is gone if it was that row.
+    // Removes a row; a run-time failure when there is no such row. Nothing is selected then if it was the selected row.
     void RemoveItem(std::int64_t theIndex);
     void Clear();
     // Replaces all rows at once; nothing is selected then.
@@ -163,7 +163,7 @@ public:
     const std::vector<Text> &Rows() const;
     // The selected row, -1 when none is; assigning a row that isn't there is a run-time failure.
     Accessor<ListBox, int> ListIndex{this, &ListBox::GetIndex, &ListBox::SetIndex};
-    // Counts the changes of the rows: who keeps something made from the rows compares it.
+    // Counts the changes of the rows, for code that keeps something made from them.
     std::uint64_t Revision() const { return revision; }
 
     std::vector<Text> NowRows;  // for presentations: the rows as they stand

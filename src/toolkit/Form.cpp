@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-// All screens chain themselves here before main; nothing else is touched across files that early.
+// Each screen adds itself to this chain before main. Nothing else is used across files that early.
 static constinit Form *firstForm = nullptr;
 
 Element::Element(Form &theOwner, const char *theName) : Owner(theOwner), Name(theName)
@@ -38,7 +38,7 @@ void Form::Show()
 {
     const bool wasVisible = Visible;
     Load();
-    // The load procedure may itself have closed the screen, or ended in showing it.
+    // The load procedure may have closed the screen again, or may have shown it itself.
     if (!Loaded || (Visible && !wasVisible))
         return;
     Visible = true;

@@ -1,4 +1,4 @@
-// Screens and what stands on them: Element, Property and Form.
+// Screens and the elements on them: Element, Property and Form.
 //
 // A control keeps two sets of values: Design, as its line in the screen's file gives them, and Now. The program reads
 // and writes its properties; that brings the screen into being and tells the presentation. The presentation reads Now,
@@ -16,7 +16,7 @@ class Form;
 // The procedure that an event runs.
 using Handler = std::function<void()>;
 
-// Anything that stands on a screen and has a name.
+// Anything on a screen that has a name.
 class Element
 {
 public:
@@ -28,18 +28,18 @@ public:
     Form &Owner;
     const char *const Name;
 
-    // Brings the screen into being if it isn't yet (runs its load procedure).
+    // Loads the screen if it isn't loaded.
     inline void Touch() const;
     // Tells the presentation that Now has changed.
     void Changed();
-    // The kind's name for a person, such as "label".
+    // The name of its kind for users, such as "label".
     virtual const char *Kind() const = 0;
-    // Forgets what happened to it: Now = Design.
+    // Sets Now = Design.
     virtual void Reset() = 0;
 };
 
 // One property of an element: reading it touches the screen, assigning it also tells the presentation.
-// A reference taken from it is a live alias: what yields keeps a copy.
+// A reference to its value changes with it: a procedure that yields keeps a copy.
 template <class T> class Property
 {
 public:
@@ -112,7 +112,7 @@ private:
     Setter setter;
 };
 
-// What a screen is at design and now. Sizes and places are in pixels; twips, where they are wanted, are Twips(n).
+// The values of a screen. Sizes and positions are in pixels; Twips(n) converts twips.
 struct FormValues {
     double Left = 0, Top = 0, Width = 0, Height = 0;
     Text Caption = {};
@@ -130,7 +130,7 @@ constexpr double Twips(double theTwips)
     return theTwips / TwipsPerPixel;
 }
 
-// A screen. There is one global instance of each; it comes into being the first time any code touches it.
+// A screen. There is one global object for each; it is loaded the first time that any code uses it.
 class Form final : public Element
 {
 public:
@@ -140,16 +140,16 @@ public:
     Property<double> Left, Top, Width, Height;
     Property<Text> Caption, Picture;
 
-    // Brings the screen into being, hidden: runs its load procedure once, with Loaded set first.
+    // Sets Loaded and runs the load procedure, once. Shows nothing.
     void Load();
-    // Loads the screen if need be and puts it before the user.
+    // Loads the screen if it isn't loaded, and shows it.
     void Show();
-    // Closes the screen: hides it, stops its timers, sets every control back to its design. Asks nobody.
+    // Closes the screen without asking: hides it, stops its timers, sets every control back to its design.
     void Unload();
 
     bool Loaded = false;
     bool Visible = false;
-    // A screen whose frame the user may not close just now; the gate refuses then.
+    // The user can't close the screen's window now: the gate refuses.
     bool CloseRefused = false;
 
     const std::vector<Element *> &Elements() const { return elements; }

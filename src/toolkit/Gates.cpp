@@ -10,13 +10,13 @@
 
 namespace
 {
-int gatesOpen = 0;              // gates on the stack
-unsigned long actionsDone = 0;  // gates opened with none on the stack
-std::exception_ptr pending;     // what a gate kept from passing the seam
+int gatesOpen = 0;              // gates that are being executed
+unsigned long actionsDone = 0;  // calls of a gate from outside the program's procedures
+std::exception_ptr pending;     // what left an event procedure and has not been thrown again
 bool hasEnded = false;
 bool hasStarted = false;
 
-// Puts on the disk what is pending, and tells what was lost.
+// Writes what is pending and reports what was lost.
 void FlushAll()
 {
     PendingWrites::Flush();
@@ -30,13 +30,13 @@ void EndThe(int theCode)
     ThePresentation().Ended(theCode);
 }
 
-// What is left over when the outermost gate closes ends the program.
+// Called when the outermost gate closes: an exception that nobody has caught ends the program.
 void Resolve()
 {
     try {
         ThrowPending();
         FlushAll();
-        // Nothing runs any more: with the last screen gone, so is the program.
+        // No procedure is running. When no screen is showing either, the program ends.
         const auto forms = Form::All();
         if (!hasEnded && hasStarted &&
             std::none_of(forms.begin(), forms.end(), [](Form *form) { return form->Visible; }))
@@ -53,7 +53,7 @@ void Resolve()
 
 template <class Action> bool Gate(Action &&theAction)
 {
-    // While the program is on its way out, nothing more is done in it.
+    // Nothing more happens in a program that is ending.
     if (hasEnded || pending)
         return false;
     if (gatesOpen++ == 0)
@@ -92,7 +92,7 @@ bool IsReachable(const Control &theControl)
         return false;
     if (const auto *item = dynamic_cast<const MenuItem *>(&theControl))
         return !item->Menu || IsReachable(*item->Menu);
-    // What lies beyond the right edge is out of reach, as the help box is while it is in.
+    // What lies beyond the right edge can't be reached; the help box lies there while it is closed.
     return theControl.Now.At.Left < theControl.Owner.Now.Width;
 }
 
@@ -137,7 +137,7 @@ bool UserKeyPress(TextBox &theBox, int &theKey)
     return Gate([&] {
         if (theBox.Design.KeyPress)
             theBox.Design.KeyPress(theKey);
-        // The handler may have closed the screen; Enter itself changes nothing in a box of one line.
+        // The handler may have closed the screen. Enter changes nothing in a box of one line.
         if (theKey == '\r' || !theBox.Owner.Loaded)
             theKey = 0;
     });

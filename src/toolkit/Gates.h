@@ -18,7 +18,7 @@ bool IsReachable(const Control &theControl);
 bool UserClick(Control &theControl);
 bool UserDoubleClick(ListBox &theList);
 bool UserKey(TextBox &theBox, char theKey);  // a printing key at the end of the text, or Enter as '\r'
-// Lets the box's handler see a key, Enter as '\r', before it takes effect; theKey is what the handler leaves of it.
+// Passes a key to the box's handler, Enter as '\r', before it takes effect. The handler may change theKey.
 bool UserKeyPress(TextBox &theBox, int &theKey);
 bool UserEdit(TextBox &theBox, const Text &theText);  // any other change of the text
 bool UserSelect(ListBox &theList, int theIndex);
@@ -35,7 +35,7 @@ bool BrowserTitled(Browser &theBrowser, const Text &theTitle);
 
 // True once the program has ended; gates do nothing then.
 bool ProgramEnded();
-// Counts what was done to the program; all that happens inside one action, a whole run too, belongs to that action.
+// Counts the user's actions. What happens during an action, a whole run for instance, doesn't count by itself.
 unsigned long ActionsDone();
 
 // For the services of the toolkit: throws what a gate has kept, if there is anything.

@@ -7,7 +7,7 @@
 
 static const Text noText;
 
-// A directory's path as the lists keep it: no final backslash but at a drive's root.
+// A directory's path as the lists keep it: without a final backslash, except for a drive's root.
 static Text PlainPath(const Text &thePath)
 {
     if (!Files::IsDirectory(thePath))

@@ -1,4 +1,4 @@
-// The seam between the program and who presents it.
+// What the program asks of its presentation.
 //
 // The program never names Presentation: it calls MsgBox, DoEvents, Me.Show(). A presentation never calls an event
 // procedure: it calls the gates of Gates.h.
@@ -6,18 +6,18 @@
 #include "disk/Losses.h"
 #include "toolkit/Pickers.h"
 
-// What the program asks of a front.
 struct Presentation {
     virtual ~Presentation() = default;
-    // Also for a screen that is showing: it is to come before the others.
+    // Called also for a screen that is showing already, to bring it to the front.
     virtual void Show(Form &theForm) = 0;
-    // Also for a screen that was never shown.
+    // Called also for a screen that was never shown.
     virtual void Unload(Form &theForm) = 0;
     virtual void Changed(Element &theElement) = 0;
     virtual void Focus(Control &theControl) = 0;
-    // Serves what the user did and the timers that are due, then comes back. It decides itself how often to look.
+    // Serves what the user did and the timers that are due, then comes back. The presentation decides how often it
+    // really looks.
     virtual void DoEvents() = 0;
-    // Serves events where the program only waits: may sleep until something happens.
+    // Serves events while the program only waits: may sleep until something happens.
     virtual void WaitEvents() = 0;
     // Paints what has changed; serves neither the user nor timers.
     virtual void PaintNow() = 0;
@@ -43,6 +43,6 @@ struct Presentation {
     virtual void Ended(int theCode) = 0;
 };
 
-// Sets the front; before that, and with null, one that shows nothing stands in.
+// Sets the presentation. Before that, and with null, the program is shown nowhere.
 void SetPresentation(Presentation *thePresentation);
 Presentation &ThePresentation();

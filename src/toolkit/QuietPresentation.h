@@ -1,9 +1,9 @@
-// The front that stands in where there is none, and the base of one that wants to hear only some things.
+// The presentation used while there is no other, and a base for those that need only some of the calls.
 #pragma once
 #include "toolkit/Presentation.h"
 #include "toolkit/Services.h"
 
-// Nothing is seen, every question is answered with No.
+// Shows nothing and answers every question with No.
 struct QuietPresentation : Presentation {
     void Show(Form &) override {}
     void Unload(Form &) override {}

@@ -13,7 +13,7 @@ inline constexpr int answerOK = 1;
 inline constexpr int answerYes = 6;
 inline constexpr int answerNo = 7;
 
-// The title of every message box that is given none.
+// The title of message boxes that have none of their own.
 extern Text DefaultBoxTitle;
 
 // Shows a modal message box and waits for the answer; an empty title stands for DefaultBoxTitle.
@@ -24,7 +24,7 @@ Text OpenFile(const Text &theFilter);
 
 void Beep();
 
-// Lets the screen's events be served: clicks, keys, timers. Costs next to nothing when nothing is due.
+// Lets the presentation serve events: clicks, keys, timers. Very cheap when there are none.
 void DoEvents();
 
 // The same for a loop that does nothing but wait: the presentation may let time pass.
@@ -33,21 +33,21 @@ void WaitEvents();
 // Tells the presentation of the losses that nobody has been told of. The yields and the outermost gate do so.
 void TellLosses();
 
-// Paints where something must be seen now: a tick changed, a screen came up. Serves no click, key or timer.
+// Paints what must be seen at once, such as a tick or a new screen. Serves no click, key or timer.
 void PaintNow();
 
 // The path of a picture that is there; a run-time failure when it isn't.
 Text LoadPicture(const Text &thePath);
 
 // Tells the user of a loop that can never end. theWhere names the procedure, theWhy is one sentence for a person.
-// Doesn't return: the program ends when the user agrees, at the player at once.
+// Doesn't return: the program ends when the user agrees, in the player at once.
 [[noreturn]] void Standstill(const Text &theWhere, const Text &theWhy);
 
-// The clock at its finest resolution, to seed from. SetClock makes it a counter that starts at theSeed, so that a
+// The clock at its finest resolution, as a seed. SetClock replaces it by a counter that starts at theSeed, so that a
 // run can be repeated.
 std::uint64_t ClockTicks();
 void SetClock(std::uint64_t theSeed);
 
-// Tells who wants to know that a trap caught a failure in procedure theProcedure.
+// Calls OnTrapped, if it is set, for a failure that a trap caught in procedure theProcedure.
 void ReportTrapped(const RuntimeFailure &theFailure, const char *theProcedure);
 extern void (*OnTrapped)(const RuntimeFailure &theFailure, const char *theProcedure);
