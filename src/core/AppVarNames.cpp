@@ -3,7 +3,7 @@
 #include <map>
 
 // A macro, so that no name can be written beside another variable.
-#define NAMED(theVar) std::pair<const Text, AppVar>(#theVar, &theVar)
+#define NAMED(theVar) std::pair<const Text, AppVar>(#theVar, &(theVar))
 
 // In the order of AppVars.h.
 static const std::map<Text, AppVar> theVars = {

@@ -161,7 +161,7 @@ void PrintToFile(const Text &theFile, const Text &theText)
     printed.reserve(theText.size() + 2);
     printed += theText;
     printed += CRLF;
-    Files::Write(theFile, std::move(printed));
+    Files::Write(theFile, printed);
 }
 
 Text NewNumberInFileName(const Text &theFileName)
