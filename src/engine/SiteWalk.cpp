@@ -11,15 +11,26 @@
 
 // A walk that reached its own new site would overwrite its source, or copy its own copies without end. The check comes
 // before the walk begins, and again at each directory, because a link may lead into the project.
+// Explains that the new site would be copied into itself, and what to do.
+static Text Overlap(const Text &theDir, const Text &theProject)
+{
+    Text Result =
+        "The directory of the new site, " + theProject + ", contains " + theDir + ", a directory of your site";
+    if (Files::IsReallyInside(theProject, LocalSiteDir))
+        Result = "The directory of your site, " + LocalSiteDir +
+                 (Files::IsReallyInside(LocalSiteDir, theProject) ? ", is also" : ", contains") +
+                 " the directory of the new site, " + theProject;
+    return Result + ". Ferncastle cannot copy a site into itself. Everything that you have typed is kept: start "
+                    "Ferncastle again, load this project, and choose a directory that holds only your site";
+}
+
 void RefuseOwnProject(const Text &theDir)
 {
     const Text project = InProgramDir(ProjectNumber);
     if (ProjectNumber.empty())
         Fail("No project was chosen. Please create a project or load one", "Timer1");
     if (Files::IsReallyInside(theDir, project) || Files::IsReallyInside(project, LocalSiteDir))
-        Fail("The site's directory and the directory of the new site lie in one another. Please choose a directory "
-             "that holds the files of your site alone",
-            theDir);
+        Fail(Overlap(theDir, project), theDir);
 }
 
 // Deliberate: only the last three letters count and the dot does not matter: the row "tml" matches ".html".

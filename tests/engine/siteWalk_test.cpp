@@ -43,6 +43,8 @@ TEST_F(Walk, TheSiteIsNeverItsOwnNewSite)
     Paths::MapDrive('x', (program / "0001").string());
     RunSite();
     ASSERT_EQ(front.Failures.size(), 1u);
+    const Text said = front.Failures[0].What;
+    EXPECT_TRUE(said.starts_with("The directory of your site, x:\\, is also the directory of the new site, ")) << said;
     EXPECT_EQ(OnDisk("0001/a.htm"), "KEPT");
 }
 
@@ -53,6 +55,8 @@ TEST_F(Walk, ALinkIntoItsOwnProjectStopsTheWalk)
     RunSite();
     ASSERT_EQ(front.Failures.size(), 1u);
     EXPECT_EQ(front.Failures[0].Where, "x:\\z");
+    const Text said = front.Failures[0].What;
+    EXPECT_NE(said.find("\\0001, contains x:\\z, a directory of your site. "), Text::npos) << said;
     EXPECT_EQ(OnDisk("0001/a/b.htm"), "<p>\r\n");
 }
 
