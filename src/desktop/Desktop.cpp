@@ -3,6 +3,7 @@
 #include "desktop/Addresses.h"
 #include "desktop/Boxes.h"
 #include "desktop/Keyboard.h"
+#include "desktop/NoticeList.h"
 #include "desktop/QtText.h"
 #include "disk/Files.h"
 #include "disk/Paths.h"
@@ -55,8 +56,10 @@ Window *Desktop::WindowOf(const Form &theForm) const
 
 QWidget *Desktop::FrontWindow() const
 {
-    if (QWidget *active = QApplication::activeWindow())
-        return active;
+    if (QWidget *active = QApplication::activeWindow()) {
+        // The list of notices may close at any time; a message box must not have it as its parent.
+        return qobject_cast<NoticeList *>(active) ? active->parentWidget() : active;
+    }
     return order.empty() ? nullptr : WindowOf(*order.back());
 }
 
@@ -93,7 +96,7 @@ void Desktop::Show(Form &theForm)
     const bool isNew = !window;
     if (isNew) {
         const QWidget *before = FrontWindow();
-        window = std::make_unique<Window>(theForm, before ? before->screen() : nullptr);
+        window = std::make_unique<Window>(theForm, before ? before->screen() : nullptr, notices);
         connect(window.get(), &Window::HandlerRan, this, &Desktop::ShowChanges);
         Place(*window);
         // Before the window is shown, see Pages::Make.
@@ -332,7 +335,10 @@ void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
     }
 }
 
-void Desktop::Lost(const Losses::Loss &) {}
+void Desktop::Lost(const Losses::Loss &theLoss)
+{
+    notices.Add(theLoss);
+}
 
 void Desktop::Failure(const RuntimeFailure &theFailure)
 {

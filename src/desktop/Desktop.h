@@ -1,5 +1,6 @@
 // The presentation that shows the program in windows.
 #pragma once
+#include "desktop/Notices.h"
 #include "desktop/Window.h"
 #include "toolkit/Presentation.h"
 #include <QEventLoop>
@@ -52,6 +53,7 @@ private:
     void ProcessEvents(QEventLoop::ProcessEventsFlags theFlags);
     QWidget *FrontWindow() const;
 
+    Notices notices;  // outlives the windows, which show it
     std::map<const Form *, std::unique_ptr<Window>> windows;
     std::vector<Form *> order;  // the screens that are showing, the one in front last
     std::map<const Timer *, std::unique_ptr<QTimer>> timers;

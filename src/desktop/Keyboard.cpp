@@ -96,6 +96,8 @@ void SetTabOrder(Window &theWindow)
         last = theWidget;
         return true;
     };
+    if (QWidget *strip = theWindow.NoticesShown())
+        append(strip);
     for (const Control *control : theWindow.Controls()) {
         QWidget *widget = theWindow.WidgetOf(*control);
         // A tool bar and the holder of a page view are no Tab stops themselves, but contain some.

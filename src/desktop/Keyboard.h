@@ -7,7 +7,7 @@ namespace Keyboard
 {
 // Puts the focus on theWanted; if that is null or cannot take the focus, on the control where a user would begin.
 void SetInitialFocus(Window &theWindow, const Control *theWanted);
-// Tab visits the controls in the order in which the screen's file declares them.
+// Tab visits the notice on the menu bar, then the controls in the order in which the screen's file declares them.
 void SetTabOrder(Window &theWindow);
 // Alt+N and Alt+B press the buttons with the roles Next and Back, F1 opens the first help topic, Esc closes the help.
 void BindAccessKeys(Window &theWindow);

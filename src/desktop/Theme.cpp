@@ -121,6 +121,18 @@ QString ListStyle()
                           "QListView::item:selected { background: #1F6B55; color: white; }");
 }
 
+QString TableStyle()
+{
+    return QString::fromLatin1(slimScrollBar) +
+           QStringLiteral("QTreeView { background: white; border: 1px solid #AFC1B8; outline: 0; }"
+                          "QTreeView:focus { border: 2px solid #1F6B55; }"
+                          "QTreeView::item { padding: 4px 0; color: #20302C; }"
+                          "QTreeView::item:hover { background: #E3F0EA; }"
+                          "QTreeView::item:selected { background: #1F6B55; color: white; }"
+                          "QHeaderView::section { background: #F0F4F1; color: #5A6B65; border: 0; "
+                          "border-bottom: 1px solid #D5DFDA; padding: 4px 3px; }");
+}
+
 QString LineEditStyle()
 {
     return QStringLiteral("QLineEdit { background: white; border: 1px solid #AFC1B8; border-radius: 6px; "

@@ -23,6 +23,7 @@ QPalette LightPalette();
 // Style sheets, for what a palette cannot express.
 QString MenuStyle();
 QString ListStyle();
+QString TableStyle();
 QString LineEditStyle();
 QString ComboBoxStyle();
 QString HelpTextStyle();

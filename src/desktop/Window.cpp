@@ -3,6 +3,7 @@
 #include "desktop/FolderDrop.h"
 #include "desktop/Keyboard.h"
 #include "desktop/MenuBarWidget.h"
+#include "desktop/NoticeStrip.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
@@ -24,7 +25,7 @@ static int Rounded(double thePixels)
     return static_cast<int>(std::lround(thePixels));
 }
 
-Window::Window(Form &theForm, QScreen *theScreen) : TheForm(theForm)
+Window::Window(Form &theForm, QScreen *theScreen, Notices &theNotices) : TheForm(theForm)
 {
     // Before anything else, because the resolution of the pictures depends on it.
     if (theScreen)
@@ -33,6 +34,7 @@ Window::Window(Form &theForm, QScreen *theScreen) : TheForm(theForm)
     if (MenuBarWidget::IsWanted(theForm)) {
         menuBar = new MenuBarWidget(theForm, this);
         bodyTop = MenuBarWidget::barHeight;
+        strip = new NoticeStrip(theNotices, *menuBar);
     }
     if (!menuBar)
         setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
@@ -170,6 +172,11 @@ const Control *Window::Find(Role theRole) const
 QWidget *Window::MenuBar() const
 {
     return menuBar;
+}
+
+QWidget *Window::NoticesShown() const
+{
+    return strip;
 }
 
 void Window::PressFirst(Role theRole)

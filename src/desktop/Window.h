@@ -1,5 +1,6 @@
 // The window of a screen: one widget for each of its controls, which shows what the control holds now.
 #pragma once
+#include "desktop/Notices.h"
 #include "desktop/Pages.h"
 #include "desktop/WidgetFactory.h"
 #include <QPointer>
@@ -7,13 +8,14 @@
 #include <unordered_map>
 
 class MenuBarWidget;
+class NoticeStrip;
 
 class Window : public QWidget
 {
     Q_OBJECT
 public:
-    // Opens on theScreen; when it is null, the system chooses the screen.
-    Window(Form &theForm, QScreen *theScreen);
+    // Opens on theScreen; when it is null, the system chooses the screen. A window with a menu bar shows theNotices.
+    Window(Form &theForm, QScreen *theScreen, Notices &theNotices);
 
     Form &TheForm;
     // Shows what an element, or the screen itself, holds now.
@@ -30,6 +32,8 @@ public:
     const Control *Find(Role theRole) const;
     // Null when the screen has no menu.
     QWidget *MenuBar() const;
+    // Null when the screen has no menu; hidden while there is nothing to say.
+    QWidget *NoticesShown() const;
     // Clicks a control. For users of screen readers the focus follows to the help text if that comes out.
     void Press(Control &theControl);
     // Clicks the first control with that role that can be clicked now.
@@ -56,6 +60,7 @@ private:
     Text HelpShown() const;
 
     MenuBarWidget *menuBar = nullptr;
+    NoticeStrip *strip = nullptr;
     int bodyTop = 0;
     std::unordered_map<const Element *, ControlWidget> widgets;
     std::vector<Control *> controls;

@@ -1,17 +1,22 @@
-// Makes pictures of all screens: ferncastle-screens PROGRAM-DIR OUT-DIR [long]. PROGRAM-DIR holds a project 0001 that
-// has been run. QT_SCALE_FACTOR=2 doubles the resolution; "long" uses long names and paths.
+// Makes pictures of all screens: ferncastle-screens PROGRAM-DIR OUT-DIR [long|lost]. PROGRAM-DIR holds a project 0001
+// that has been run. QT_SCALE_FACTOR=2 doubles the resolution; "long" uses long names and paths; "lost" also shows the
+// notice of files that could not be read or written, and its list.
 #include "core/AppVars.h"
 #include "core/TextOps.h"
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
 #include "desktop/Desktop.h"
+#include "desktop/NoticeList.h"
 #include "disk/Files.h"
+#include "disk/Losses.h"
 #include "disk/Paths.h"
 #include "engine/frmProcess.h"
 #include "report/frmGeneratingReport.h"
 #include "report/frmReport.h"
 #include "toolkit/Gates.h"
+#include "toolkit/Services.h"
 #include "wizard/HelpBox.h"
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -33,7 +38,7 @@ int main(int argc, char **argv)
     Application::PrepareProcess();
     QApplication application(argc, argv);
     if (argc < 3) {
-        std::cerr << "usage: ferncastle-screens PROGRAM-DIR OUT-DIR [long]\n";
+        std::cerr << "usage: ferncastle-screens PROGRAM-DIR OUT-DIR [long|lost]\n";
         return 2;
     }
     // Keeps the paths in the pictures short, wherever the directory is.
@@ -60,7 +65,7 @@ int main(int argc, char **argv)
     Wait(200);
     save(frmSplash::Me, "");
 
-    const bool isLong = argc > 3;
+    const bool isLong = argc > 3 && Text(argv[3]) == "long", isLost = argc > 3 && !isLong;
     const Text much = isLong ? " with a rather long name that goes on and on, as names of projects sometimes do" : "";
     ProjectNumber = "0001";
     ProjectMode = "load";
@@ -69,6 +74,11 @@ int main(int argc, char **argv)
         isLong ? "www.a-very-long-domain-name-of-a-fern-growers-club-in-otterby.example" : "fernandfriends.example";
     LocalSiteDir = "c:\\sites\\ferns\\" + Text(isLong ? "and\\a\\directory\\far\\below\\that one\\" : "");
     KeywordTotal = 7;
+    if (isLost)
+        for (const char *file :
+            {"c:\\Ferncastle\\0001\\ferns\\maidenhair-1.html", "c:\\sites\\ferns\\locked", "c:\\x.htm"})
+            Losses::Note({"No space left on device", file});
+    TellLosses();
     for (const char *name : {"frmWelcome", "frmMenu", "frmLoadCreate", "frmCreate", "frmLoad", "frmDirectory",
              "frmKeywords", "frmKeywordsHowMany", "frmQuillmark", "frmConfirm", "frmDoItAlready", "frmFilters",
              "frmAbout", "frmErrorReporting"}) {
@@ -118,5 +128,9 @@ int main(int argc, char **argv)
     report->resize(1024, 740);
     Wait(4000);
     save(frmReport::Me, "");
+    if (isLost) {
+        static_cast<QAbstractButton *>(report->NoticesShown())->click();
+        report->findChild<NoticeList *>()->grab().save(out.filePath(QStringLiteral("notices.png")));
+    }
     return 0;
 }

@@ -1,9 +1,11 @@
 // What must be true of every screen: texts fit, controls have names, and the keyboard reaches what the mouse reaches.
 #include "WindowTest.h"
 #include "core/FileHandle.h"
+#include "disk/Losses.h"
 #include "toolkit/Gates.h"
 #include "wizard/frmCreate.h"
 #include "wizard/frmDirectory.h"
+#include "wizard/frmKeywords.h"
 #include "wizard/frmLoadCreate.h"
 #include "wizard/frmMenu.h"
 #include "wizard/frmWelcome.h"
@@ -49,6 +51,19 @@ static QRect WordsOf(const QLabel &theLabel)
     return theLabel.fontMetrics()
         .boundingRect(theLabel.contentsRect(), flags, theLabel.text())
         .translated(theLabel.pos());
+}
+
+// The notice of lost files is there and covers neither a menu nor anything below the menu bar.
+static void ExpectNoticeBesideMenus(const Window &theWindow, const QMenuBar &theMenus, const char *theWords)
+{
+    const QWidget *strip = theWindow.NoticesShown();
+    ASSERT_TRUE(strip && strip->isVisible());
+    EXPECT_TRUE(theMenus.geometry().contains(strip->geometry()));
+    for (QAction *menu : theMenus.actions())
+        EXPECT_FALSE(menu->isVisible() && theMenus.actionGeometry(menu).intersects(strip->geometry()));
+    const QString words = static_cast<const QAbstractButton *>(strip)->text();
+    EXPECT_LT(strip->fontMetrics().horizontalAdvance(words), strip->width());
+    EXPECT_EQ(words.toStdString(), theWords ? theWords : words.toStdString());
 }
 
 struct Screens : WindowTest {
@@ -121,12 +136,17 @@ struct Screens : WindowTest {
 TEST_F(Screens, WordsFitAndNothingOverlaps)
 {
     const Text longText(300, 'w');
+    Losses::Note({"No space left on device", "c:\\site\\a.htm"});
     Walk([&](Form &theForm, Window &theWindow) {
         const auto *menus = theWindow.findChild<QMenuBar *>();
         const int top = menus ? 24 : 0;
         const QSize size = theForm.Design.Sizable || !top ? theWindow.size() : QSize(theWindow.width(), 435);
         EXPECT_EQ(theWindow.size(), size);
         EXPECT_LE(menus ? menus->sizeHint().width() : 0, 600);
+        if (menus)
+            // On a small display a maximized window is narrower, and either text may fit.
+            ExpectNoticeBesideMenus(
+                theWindow, *menus, theWindow.width() < 600 ? nullptr : "1 file could not be read or written");
         std::vector<std::pair<Control *, QRect>> places;
         Each(theForm, theWindow, [&](Control &theControl, QWidget &theWidget) {
             SCOPED_TRACE(theControl.Name);
@@ -258,12 +278,15 @@ TEST_F(Screens, LeftWithTheHelpBoxOut)
     Click("frmLoadCreate.lblCreate1");
     AwaitScreen("frmCreate");
     Window *window = WindowOf("frmCreate");
+    Losses::Note({"No space left on device", "c:\\site\\a.htm"});
+    TellLosses();
     // It opens at its normal width. The first topic makes it narrower, the second wide again.
     for (const int width : {600, 440, 600}) {
         EXPECT_EQ(window->width(), width);
         EXPECT_EQ(WidgetOf("frmCreate.btnNext")->isVisible(), width == 600);
         EXPECT_FALSE(WidgetOf("frmCreate.textHBText")->isVisible());
-        const std::size_t count = Stops(frmCreate::Me, *window).size();
+        ExpectNoticeBesideMenus(*window, *window->findChild<QMenuBar *>(), "1 file could not be read or written");
+        const std::size_t count = Stops(frmCreate::Me, *window).size() + 1;  // the notice is a stop, too
         std::set<Text> reached;
         for (std::size_t i = 0; i < 2 * count; ++i) {
             Key(Qt::Key_Tab);
@@ -273,6 +296,13 @@ TEST_F(Screens, LeftWithTheHelpBoxOut)
         EXPECT_EQ(reached.size(), count);
         Click("frmCreate.hlpProjName");
     }
+    // A fourth menu leaves room for few words only.
+    GoTo(frmKeywords::Me);
+    HelpBoxOpen = true;
+    Click("frmKeywords.hlpKeywordRemove");
+    window = WindowOf("frmKeywords");
+    EXPECT_EQ(window->width(), 440);
+    ExpectNoticeBesideMenus(*window, *window->findChild<QMenuBar *>(), "1 file");
 }
 
 TEST_F(Screens, DroppedFolder)
