@@ -50,7 +50,7 @@ private:
     PlayerBrowser browser;
     std::deque<Text> answers, files;
     std::map<Text, long> boxes;  // how often each message was shown
-    long lost = 0;  // failures that no box told
+    long lost = 0;               // failures that no box told
     Text lastBox;
     std::set<const Form *> shown;
     bool hasEnded = false;

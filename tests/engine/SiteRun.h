@@ -1,9 +1,9 @@
 // Sites of a few files, and runs over them without the wizard.
 #pragma once
 #include "TestSite.h"
-#include "disk/PendingWrites.h"
 #include "core/TextOps.h"
 #include "core/frmLists.h"
+#include "disk/PendingWrites.h"
 #include "engine/frmProcess.h"
 #include <regex>
 
