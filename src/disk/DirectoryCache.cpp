@@ -1,5 +1,6 @@
 #include "disk/DirectoryCache.h"
 #include "base/Failure.h"
+#include "disk/Losses.h"
 #include "disk/Paths.h"
 #include <algorithm>
 #include <chrono>
@@ -111,6 +112,8 @@ void Dir::Recheck()
     isTrusted = true;
     isFresh = changed > lastOwnChange && WallNanoseconds() - changed < finestTick;
     ReadAnew();
+    // What could not be read, perhaps for want of something that is there again a moment later, is tried again.
+    isFresh |= !readFailure.empty();
 }
 
 // A walk would never come back from such a link.
@@ -176,10 +179,13 @@ Entry *Dir::Find(std::string_view theName, Io::Kind theKind)
         if (!Result || (*entry)->Name < Result->Name)
             Result = entry->get();
     }
-    // A directory that may be passed through but not listed still answers for an exact name.
-    if (!Result && !isReadable && !theName.empty()) {
+    // A directory that may be passed through but not listed, or not to its end, still answers for an exact name. Nobody
+    // can tell whether there is one that differs in case.
+    if (!Result && !readFailure.empty() && !theName.empty()) {
         const Io::Kind kind = Io::KindOf(PathOf(theName));
-        if (kind != Io::Kind::None && (theKind == Io::Kind::None || kind == theKind))
+        if (kind == Io::Kind::None)
+            Losses::Note({readFailure, HostPath + '/'});
+        else if (theKind == Io::Kind::None || kind == theKind)
             Result = &Add(theName, kind);
     }
     return Result;

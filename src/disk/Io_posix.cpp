@@ -1,5 +1,6 @@
 #include "base/Failure.h"
 #include "disk/Io.h"
+#include "disk/Losses.h"
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -162,6 +163,19 @@ Io::Identity IdentityOfFacts(const struct stat &theFacts)
     return {static_cast<std::uint64_t>(theFacts.st_dev), static_cast<std::uint64_t>(theFacts.st_ino)};
 }
 
+// The facts of a path, links followed. That nothing is there, or nothing that may be looked at, is an answer; where the
+// system can't say, the user is told.
+bool Look(const Text &thePath, struct stat &theFacts)
+{
+    if (stat(thePath.c_str(), &theFacts) == 0)
+        return true;
+    for (const int answer : {ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG, EACCES})
+        if (errno == answer)
+            return false;
+    Losses::Note({std::strerror(errno), thePath});
+    return false;
+}
+
 // What a name stands for, with a link to a file taken for a file; links are not followed to find out that it is there.
 Io::Kind KindOfName(const Text &thePath)
 {
@@ -188,7 +202,7 @@ namespace Io
 DirectoryFacts LookAt(const Text &theDir)
 {
     struct stat facts;
-    if (stat(theDir.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode))
+    if (!Look(theDir, facts) || !S_ISDIR(facts.st_mode))
         return {};
     return {ChangeTime(facts), IdentityOfFacts(facts)};
 }
@@ -196,7 +210,7 @@ DirectoryFacts LookAt(const Text &theDir)
 FileFacts LookAtFile(const Text &theFile)
 {
     struct stat facts;
-    if (stat(theFile.c_str(), &facts) != 0)
+    if (!Look(theFile, facts))
         return {};
     return {ChangeTime(facts) ^ (facts.st_size << 1), facts.st_size};
 }
@@ -204,13 +218,13 @@ FileFacts LookAtFile(const Text &theFile)
 Kind KindOf(const Text &thePath)
 {
     struct stat facts;
-    return stat(thePath.c_str(), &facts) != 0 ? Kind::None : KindOfMode(facts.st_mode);
+    return Look(thePath, facts) ? KindOfMode(facts.st_mode) : Kind::None;
 }
 
 Identity IdentityOf(const Text &thePath)
 {
     struct stat facts;
-    return stat(thePath.c_str(), &facts) != 0 ? Identity() : IdentityOfFacts(facts);
+    return Look(thePath, facts) ? IdentityOfFacts(facts) : Identity();
 }
 
 Text RealPath(const Text &thePath)

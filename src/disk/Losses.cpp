@@ -37,8 +37,9 @@ void MarkTold(const Text &theWords)
 {
     if (untold == 0)
         return;
+    const Text words = theWords.starts_with('/') ? Paths::FromHost(theWords) : theWords;
     for (Loss &loss : losses)
-        if (!loss.IsTold && AreAbout(theWords, loss.File)) {
+        if (!loss.IsTold && AreAbout(words, loss.File)) {
             loss.IsTold = true;
             --untold;
         }
