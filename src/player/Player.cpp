@@ -7,6 +7,7 @@
 #include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 
 // How long to wait for a screen, in simulated milliseconds. What has not appeared after an hour never appears.
@@ -15,6 +16,31 @@ static constexpr long patience = 3'600'000;
 int Player::Play(Form &theFirstForm)
 {
     SetPresentation(this);
+    // A gate lets nothing pass; what comes here is the player's own.
+    try {
+        PlayAll(theFirstForm);
+    } catch (const RuntimeFailure &failure) {
+        FailAsPlayer(failure);
+    } catch (const std::exception &failure) {
+        FailAsPlayer(FailureOf(failure));
+    }
+    Finish();
+    if (hasEnded && code == 0 && next < script.size() && script[next].Verb != "ended") {
+        std::cerr << "line " << script[next].Line << ": the program ended before this line\n";
+        code = endScript;
+    }
+    return code;
+}
+
+void Player::FailAsPlayer(const RuntimeFailure &theFailure)
+{
+    Losses::MarkTold(theFailure.Where);
+    Failure(theFailure);
+    code = endFailure;
+}
+
+void Player::PlayAll(Form &theFirstForm)
+{
     StartProgram(theFirstForm);
     while (!hasEnded) {
         PlayLines();
@@ -25,12 +51,6 @@ int Player::Play(Form &theFirstForm)
             if (!clock.AdvanceToNextTimer() || clock.Now() - start > patience)
                 StopAt(script[next], {endScript, "this never happens: the program is waiting for the user"});
     }
-    Finish();
-    if (hasEnded && code == 0 && next < script.size() && script[next].Verb != "ended") {
-        std::cerr << "line " << script[next].Line << ": the program ended before this line\n";
-        code = endScript;
-    }
-    return code;
 }
 
 void Player::Finish()

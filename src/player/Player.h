@@ -39,6 +39,8 @@ private:
     bool IsHeldBack(const Action &theAction);
     Outcome Do(const Action &theAction);
     [[noreturn]] void StopAt(const Action &theAction, const Outcome &theOutcome);
+    void PlayAll(Form &theFirstForm);
+    void FailAsPlayer(const RuntimeFailure &theFailure);
     void Finish();
 
     const std::vector<Action> script;

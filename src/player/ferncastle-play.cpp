@@ -5,8 +5,10 @@
 #include "disk/Files.h"
 #include "disk/Paths.h"
 #include "player/Player.h"
+#include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -29,7 +31,7 @@ static Text FullPath(const Text &thePath)
     return Result;
 }
 
-int main(int argc, char **argv)
+static int Run(int argc, char **argv)
 {
     Text scriptFile;
     for (int i = 1; i < argc; ++i) {
@@ -63,4 +65,14 @@ int main(int argc, char **argv)
     }
     Player player(ReadScript(scriptFile.empty() ? std::cin : file));
     return player.Play(frmSplash::Me);
+}
+
+int main(int argc, char **argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception &failure) {
+        std::cerr << FailureOf(failure).What << '\n';
+        return endFailure;
+    }
 }

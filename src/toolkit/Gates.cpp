@@ -6,6 +6,7 @@
 #include "toolkit/Services.h"
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <utility>
 
 namespace
@@ -30,6 +31,14 @@ void EndThe(int theCode)
     ThePresentation().Ended(theCode);
 }
 
+void EndByFailure(const RuntimeFailure &theFailure)
+{
+    Losses::MarkTold(theFailure.Where);
+    FlushAll();
+    ThePresentation().Failure(theFailure);
+    EndThe(endFailure);
+}
+
 // Called when the outermost gate closes: an exception that nobody has caught ends the program.
 void Resolve()
 {
@@ -44,10 +53,9 @@ void Resolve()
     } catch (const ProgramEnd &end) {
         EndThe(end.Code);
     } catch (const UntrappedFailure &failure) {
-        Losses::MarkTold(failure.Failure.Where);
-        FlushAll();
-        ThePresentation().Failure(failure.Failure);
-        EndThe(endFailure);
+        EndByFailure(failure.Failure);
+    } catch (const std::exception &failure) {
+        EndByFailure(FailureOf(failure));
     }
 }
 
@@ -66,6 +74,8 @@ template <class Action> bool Gate(Action &&theAction)
         pending = std::current_exception();
     } catch (const ProgramEnd &) {
         pending = std::current_exception();
+    } catch (const std::exception &failure) {
+        pending = std::make_exception_ptr(UntrappedFailure{FailureOf(failure)});
     }
     if (--gatesOpen == 0)
         Resolve();
@@ -79,6 +89,12 @@ void Run(Handler theHandler)
 }
 
 }  // namespace
+
+RuntimeFailure FailureOf(const std::exception &theException)
+{
+    const bool isMemory = dynamic_cast<const std::bad_alloc *>(&theException) != nullptr;
+    return {isMemory ? "not enough memory" : theException.what(), "the program"};
+}
 
 void ThrowPending()
 {

@@ -4,7 +4,9 @@
 // the box that was open, throws it again in the program once the presentation has returned; the outermost gate ends the
 // program through Presentation::Ended.
 #pragma once
+#include "base/Failure.h"
 #include "toolkit/Pickers.h"
+#include <exception>
 
 // Exit codes beside 0.
 inline constexpr int endFailure = 3;
@@ -37,6 +39,9 @@ bool BrowserTitled(Browser &theBrowser, const Text &theTitle);
 bool ProgramEnded();
 // Counts the user's actions. What happens during an action, a whole run for instance, doesn't count by itself.
 unsigned long ActionsDone();
+
+// What a user is told of an exception of the standard library, such as one for want of memory.
+RuntimeFailure FailureOf(const std::exception &theException);
 
 // For the services of the toolkit: throws what a gate has kept, if there is anything.
 void ThrowPending();
