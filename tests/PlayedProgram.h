@@ -15,8 +15,10 @@ struct PlayedProgram {
     const std::filesystem::path directory = std::filesystem::absolute(
         std::filesystem::temp_directory_path() / ("played-" + std::to_string(std::random_device{}())))
                                                 .lexically_normal();
+    std::filesystem::path log = directory / "play.log";  // what the player writes, while it runs
     int expected = 0;
-    Text said;  // all that the player wrote
+    Text under;  // words of the shell before the player's own
+    Text said;   // all that the player wrote
 
     PlayedProgram()
     {
@@ -48,18 +50,17 @@ struct PlayedProgram {
         }
     }
 
-    // Plays the script and returns the exit status.
+    // Plays the script and returns the exit status; 128 and the signal's number when a signal ended it.
     int Play(const std::filesystem::path &theScript)
     {
-        const std::filesystem::path log = directory / "play.log";
         std::ostringstream command;  // which quotes paths
-        command << std::filesystem::path(FERNCASTLE_PLAYER) << " --seed 7 --program-dir " << directory
+        command << under << std::filesystem::path(FERNCASTLE_PLAYER) << " --seed 7 --program-dir " << directory
                 << " --drive s=" << directory << ' ' << theScript << " >" << log << " 2>&1";
         const int status = std::system(command.str().c_str());
         std::ostringstream content;
         content << std::ifstream(log, std::ios::binary).rdbuf();
         said = content.str();
         std::filesystem::remove(log);
-        return status / 256;
+        return status % 128 != 0 ? 128 + status % 128 : status / 256;
     }
 };
