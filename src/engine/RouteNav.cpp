@@ -3,25 +3,9 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "disk/Files.h"
-#include "engine/PageText.h"
-#include "engine/SiteWalk.h"
+#include "engine/Filter.h"
+#include "engine/Route.h"
 #include "engine/frmProcess.h"
-
-// A routed page as it is written to its file, with the line end that every printed text gets.
-static Text RoutedFile(const Text &thePage, const Text &depthPrefix)
-{
-    return RelinkRoutedPage(thePage, depthPrefix) + CRLF;
-}
-
-static Expectation RouteOf(const Text &theFile)
-{
-    return {RoutedFile, StringMulti(GetDirLevel(theFile, 1), "../")};
-}
-
-Expectation ExpectedRoute(const Text &theFile)
-{
-    return PassesFilter(theFile) ? RouteOf(theFile) : Expectation();
-}
 
 // Deliberate: neither CancelRequested nor optSubdirs is tested: whatever exists in the project directory is routed.
 void RouteNav()

@@ -2,15 +2,13 @@
 #include "core/AppVars.h"
 #include "core/FileHandle.h"
 #include "core/TextOps.h"
-#include "core/frmLists.h"
 #include "disk/Files.h"
+#include "engine/Filter.h"
+#include "engine/Tallies.h"
 #include "engine/do_the_file.h"
 #include "engine/frmProcess.h"
 #include "toolkit/Services.h"
-#include "wizard/frmFilters.h"
 
-// A walk that reached its own new site would overwrite its source, or copy its own copies without end. The check comes
-// before the walk begins, and again at each directory, because a link may lead into the project.
 // Explains that the new site would be copied into itself, and what to do.
 static Text Overlap(const Text &theDir, const Text &theProject)
 {
@@ -24,6 +22,8 @@ static Text Overlap(const Text &theDir, const Text &theProject)
                     "Ferncastle again, load this project, and choose a directory that holds only your site";
 }
 
+// A walk that reached its own new site would overwrite its source, or copy its own copies without end. The check comes
+// before the walk begins, and again at each directory, because a link may lead into the project.
 void RefuseOwnProject(const Text &theDir)
 {
     const Text project = InProgramDir(ProjectNumber);
@@ -31,41 +31,6 @@ void RefuseOwnProject(const Text &theDir)
         Fail("No project was chosen. Please create a project or load one", "Timer1");
     if (Files::IsReallyInside(theDir, project) || Files::IsReallyInside(project, LocalSiteDir))
         Fail(Overlap(theDir, project), theDir);
-}
-
-// Deliberate: only the last three letters count and the dot does not matter: the row "tml" matches ".html".
-static bool EndsInRow(const Text &theFile, const Text &theRow)
-{
-    return EqualsIgnoringCase(RightPart(theFile, 3), theRow);
-}
-
-bool PassesFilter(const Text &theFile)
-{
-    // Deliberate: with the filter off pictures pass too: they are read and rewritten as pages.
-    if (!frmProcess::Menu.optUseFilters.Checked)
-        return true;
-    for (int row = 0; row < frmFilters::List1.ListCount(); ++row)
-        if (EndsInRow(theFile, frmFilters::List1.List(row)))
-            return true;
-    return false;
-}
-
-void AddToCount(Label &theLabel, double theNumber)
-{
-    theLabel.Caption = NumberText(NumberAtStart(theLabel.Caption) + theNumber);
-}
-
-static void TallyMediaFile(const Text &theFile)
-{
-    auto &extensions = frmLists::lstMediaExtensions;
-    for (int k = 0; k < extensions.ListCount(); ++k)
-        if (EndsInRow(theFile, extensions.List(k))) {
-            AddToCount(frmProcess::lblMediaFilesFound);
-            // Deliberate: a second run in one process adds to the counts of the first.
-            auto &counts = frmLists::lstMediaFilesCnt;
-            counts.SetList(k, NumberText(NumberAtStart(counts.List(k)) + 1));
-            return;
-        }
 }
 
 static void CopyUnchanged(const Text &theFile)

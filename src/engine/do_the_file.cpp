@@ -6,7 +6,7 @@
 #include "core/Utils.h"
 #include "core/frmLists.h"
 #include "engine/PageText.h"
-#include "engine/SiteWalk.h"
+#include "engine/Tallies.h"
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
 #include "engine/frmTheFile.h"

@@ -6,7 +6,7 @@
 #include "core/Utils.h"
 #include "core/frmLists.h"
 #include "disk/Paths.h"
-#include "engine/RouteNav.h"
+#include "engine/Route.h"
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
 #include <algorithm>
