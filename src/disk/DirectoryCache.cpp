@@ -44,7 +44,7 @@ void ForgetPlaces()
     places.clear();
 }
 
-// All drives hang on the host's one root, so that a directory that two drives lead to is kept once.
+// All drives share one tree, which starts at the host's root, so that a directory that two drives lead to is kept once.
 Dir *FindRoot(char theLetter)
 {
     const Text path = Paths::DriveRoot(theLetter);
@@ -116,7 +116,7 @@ void Dir::Recheck()
     isFresh |= !readFailure.empty();
 }
 
-// A walk would never come back from such a link.
+// A walk that followed such a link would never end.
 bool Dir::IsLinkToAncestor(const Io::Listed &theName) const
 {
     if (!theName.IsLink || theName.What != Io::Kind::Directory)
@@ -244,7 +244,7 @@ Names Dir::Listing(Io::Kind theKind)
     if (!kept) {
         std::vector<Text> names;
         for (const auto &entry : entries)
-            // Where names may not be read, those that were asked for are no listing.
+            // In a directory that can't be read, the entries are only the names that were asked for.
             if (isReadable && entry->What == theKind && !entry->IsLoop && entry->Name[0] != '.' &&
                 entry->Name.find('\\') == Text::npos)
                 names.push_back(entry->Name);
@@ -258,7 +258,7 @@ Names Dir::Listing(Io::Kind theKind)
 }
 
 // The directory of a path that isn't among the places, by way of its parent. Only a path that ends in "." or ".." is
-// normalized, since no look-up tells what that takes back.
+// normalized, because these can't be looked up as names.
 static Dir *ResolveDir(std::string_view thePath)
 {
     std::string_view path = thePath;

@@ -1,5 +1,5 @@
-// What the program remembers of the host's directories. A directory is read once and kept while it is unchanged, so
-// that a look-up costs a hash, not a scan; the program's own writes keep the memory true.
+// A cache of the host's directories. A directory is read once and kept while it is unchanged, so that a look-up costs a
+// hash, not a scan. The program's own writes update the cache.
 #pragma once
 #include "disk/Io.h"
 #include <memory>

@@ -1,4 +1,4 @@
-// What a copy is expected to become later.
+// How a copied file will be rewritten later.
 #pragma once
 #include "base/Text.h"
 

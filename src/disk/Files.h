@@ -28,11 +28,12 @@ Names DirectoriesIn(const Text &theDir);
 
 // All of these fail with a run-time failure, which is also among the losses.
 Text Read(const Text &theFile);
-// Whoever looks at a file that is written over sees the old content or the new one, never a part.
+// Replaces a file that exists in one step: a reader sees the old content or the new one, never a part.
 void Write(const Text &theFile, const Text &theContent);
 void Append(const Text &theFile, const Text &theContent);
-// Copies content. theExpectation tells what Rewrite will make of the copy later, if that is known: it is written so at
-// once, and counts as a plain copy until then. A new file may appear on the disk a moment later.
+// Copies content. theExpectation tells how Rewrite will change the copy later, if that is known. The copy is written in
+// that form at once, but the program treats it as a plain copy until then. A new file may appear on the disk a moment
+// later.
 void Copy(const Text &theSource, const Text &theTarget, const Expectation &theExpectation = {});
 void Delete(const Text &theFile);
 // Replaces the content of theFile by what theChange makes of it.

@@ -17,8 +17,7 @@ struct Listed {
 
 // What a path is, links followed.
 Kind KindOf(const Text &thePath);
-// What tells one directory from another, links followed; two names of one directory give the same. 0, 0 when it isn't
-// there.
+// Identifies a directory, links followed. It is equal for all names of the same directory, and 0, 0 when there is none.
 using Identity = std::pair<std::uint64_t, std::uint64_t>;
 Identity IdentityOf(const Text &thePath);
 // When a directory last changed, in nanoseconds since 1970, and its identity; a time of -1 when there is no such
@@ -35,8 +34,8 @@ void ReadDirectory(const Text &theDir, std::vector<Listed> &theNames);
 
 // The whole content of a plain file.
 Text Read(const Text &theFile);
-// Replaces a file, or a link to one, by a file of that content, or makes the file. Whoever looks sees the old content
-// or the new one, never a part; when it fails, the old content stays.
+// Replaces a file, or a link to one, by a file of that content, or makes the file. A reader sees the old content or
+// the new one, never a part. When it fails, the old content stays.
 void Write(const Text &theFile, const Text &theContent);
 // Adds to the end of a file, or makes it.
 void Append(const Text &theFile, const Text &theContent);
@@ -60,14 +59,14 @@ Text ProgramDirectory();
 // The host's drives: a letter each and the directory that it stands for.
 std::vector<std::pair<char, Text>> Drives();
 
-// A file in the making. It gets its name when it is published, so that a file is whole from the moment it can be seen;
-// when that never happens, or the process is killed, nothing of it is left but perhaps a hidden file, which makes way
-// for the next one. May be handed to another thread.
+// A file that is being written. It gets its name only when it is published, so that no incomplete file is ever visible.
+// If it is never published, or the process is killed, at most a hidden temporary file remains, which the next draft
+// overwrites. May be handed to another thread.
 class Draft
 {
 public:
-    // Opens a file in the directory of theFile. One that willReplace is to take the place of a file of that name, and
-    // takes over its permissions.
+    // Opens a file in the directory of theFile. With willReplace it replaces a file of that name when it is published,
+    // and takes over its permissions.
     explicit Draft(Text theFile, bool willReplace = false);
     Draft(Draft &&theOther) noexcept;
     Draft &operator=(Draft &&) = delete;

@@ -447,7 +447,7 @@ std::vector<std::pair<char, Text>> Drives()
     try {
         ReadDirectory("/Volumes", names);
     } catch (const RuntimeFailure &) {
-        // There are no volumes then.
+        // There are no volumes.
     }
     for (const Listed &name : names)
         volumes.push_back("/Volumes/" + name.Name);

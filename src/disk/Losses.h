@@ -1,5 +1,5 @@
-// What the disk could not do: each failed read, write, copy, deletion or listing, also one that a trap swallows. The
-// program itself stays silent about most of them; a presentation tells what no message box has told.
+// Records failed file operations: each failed read, write, copy, deletion or listing, also one that a trap catches. The
+// program itself says nothing about most of them. A presentation reports those that no message box has reported.
 #pragma once
 #include "base/Failure.h"
 #include <vector>
@@ -13,7 +13,7 @@ struct Loss {
     bool IsTold = false;  // by a message box, or handed out by TakeNews
 };
 
-// Notes a failure whose Where is a path of the program or of the host. The same one again only counts.
+// Notes a failure whose Where is a path of the program or of the host. A repeated failure only raises its count.
 void Note(const RuntimeFailure &theFailure);
 // Every loss that theWords name, by its path, counts as told.
 void MarkTold(const Text &theWords);

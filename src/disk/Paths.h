@@ -16,7 +16,7 @@ void MapDrive(char theLetter, const Text &theHostDir);
 std::vector<Text> Drives();
 // The directory of the host that a drive stands for; empty when there is no such drive.
 Text DriveRoot(char theLetter);
-// Counts the changes of the drives: whoever keeps something found through a drive compares it.
+// Counts the changes of the drives, for code that keeps something found through a drive.
 unsigned DriveChanges();
 
 // The directory of the running program, in the program's form and without a final backslash.

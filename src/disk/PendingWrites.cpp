@@ -10,7 +10,7 @@
 
 namespace
 {
-// What all copies of one file share that are expected to become the same.
+// Shared by all copies of one source that will get the same content.
 struct Recipe {
     Text Source;
     Expectation Change;
@@ -20,7 +20,7 @@ struct Recipe {
 std::unordered_map<Text, Recipe> recipes;  // by argument and source; a program has one change for each argument
 std::size_t keptBytes = 0;                 // of all results
 constexpr std::size_t keptAtMost = 12 << 20;
-// Larger files are seldom pages, so nothing is won by changing them early.
+// Larger files are seldom pages, so rewriting them early would gain nothing.
 constexpr std::int64_t expectedAtMost = 1 << 20;
 
 // The copies that aren't confirmed, by directory and name.
@@ -40,8 +40,8 @@ std::pair<Text, Text> Split(const Text &theFile)
     return {theFile.substr(0, slash), theFile.substr(slash + 1)};
 }
 
-// Whether the writer may be trusted with a file: there is room on the disk for it and much more, and its name is no
-// longer than any file system allows. What could fail is done at once, so that it fails where it was asked for.
+// True if the writer can create the file later without a likely failure: the disk has plenty of room and the name isn't
+// too long. Any other file is written at once, so that a failure is reported where the copy was requested.
 bool CanWriteLater(const Text &theName, std::size_t theSize)
 {
     if (theName.size() > 255)

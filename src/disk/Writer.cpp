@@ -4,7 +4,7 @@
 
 // The files are taken up in batches: waking the other thread for each would cost as much as writing it.
 static constexpr std::size_t batch = 8;
-// Each file that waits is open.
+// Each file in the queue is open.
 static constexpr std::size_t filesAtMost = 48;
 static constexpr std::size_t bytesAtMost = 4 << 20;
 

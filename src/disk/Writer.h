@@ -1,5 +1,5 @@
-// Fills and publishes new files beside the program's own work. The program itself has one thread; this is the only
-// other one, and it touches nothing but the files that it is handed.
+// Writes new files in a second thread while the program goes on. The program itself has one thread. The second one uses
+// nothing but the files that it is given.
 #pragma once
 #include "base/Failure.h"
 #include "disk/Io.h"
@@ -19,8 +19,8 @@ public:
     Writer &operator=(const Writer &) = delete;
     ~Writer();
 
-    // Hands over a file that is to get theContent and its name, before Finish at the latest. With much waiting already,
-    // or no second thread to be had, the caller does it at once. Never fails: see Finish.
+    // Hands over a file that is to get theContent and its name, before Finish at the latest. If the queue is full or no
+    // thread can be started, the caller writes the file at once. Never fails: see Finish.
     void Put(Io::Draft theDraft, Content theContent);
     // Has the other thread take up what is waiting, however little it is.
     void Hurry();

@@ -1,8 +1,8 @@
 // Screens and the elements on them: Element, Property and Form.
 //
 // A control keeps two sets of values: Design, as its line in the screen's file gives them, and Now. The program reads
-// and writes its properties; that brings the screen into being and tells the presentation. The presentation reads Now,
-// which touches nothing. Closing a screen sets Now = Design for each control, so no screen remembers what was typed.
+// and writes its properties; that loads the screen and tells the presentation. The presentation reads Now, which has no
+// side effects. Closing a screen sets Now = Design for each control, so no screen remembers what was typed.
 #pragma once
 #include "base/Failure.h"
 #include "base/Text.h"

@@ -34,8 +34,8 @@ struct Presentation {
     virtual void Stop(Browser &theBrowser) = 0;
     // Tells the user of a loop that can never end; returns when the program is to end.
     virtual void Standstill(const Text &theWhere, const Text &theWhy) = 0;
-    // Tells the user of something that could not be read or written and that no message box has told. Never by a box
-    // that has to be answered.
+    // Tells the user of something that could not be read or written and that no message box has told. Must not
+    // open a modal box.
     virtual void Lost(const Losses::Loss &theLoss) = 0;
     // Tells the user of a failure that no trap caught.
     virtual void Failure(const RuntimeFailure &theFailure) = 0;
