@@ -1,5 +1,5 @@
 # Installing: one folder that its user owns, with the programs and the data together, since the program keeps its
-# projects beside itself. "cmake --install BUILD [--prefix FOLDER]" lays it, "cpack" makes an archive of it.
+# projects beside itself. "cmake --install BUILD [--prefix FOLDER]" fills it, "cpack" makes an archive of it.
 
 if(WIN32)
   set(user_home $ENV{USERPROFILE})
@@ -11,12 +11,12 @@ if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT AND user_home)
   set(CMAKE_INSTALL_PREFIX ${own_folder} CACHE PATH "The folder that Ferncastle is installed in" FORCE)
 endif()
 
-# Who names a folder that is full of other things has most likely forgotten its last part.
+# A folder that is full of other things was most likely named without its last part.
 install(CODE [[
   get_filename_component(folder "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}" ABSOLUTE)
   file(GLOB there "${folder}/*")
   if(there AND NOT EXISTS "${folder}/variables.sav" AND NOT EXISTS "${folder}/ferncastle-play")
-    message(FATAL_ERROR "${folder} holds other things. Ferncastle wants a folder of its own: "
+    message(FATAL_ERROR "${folder} contains other files. Ferncastle needs a folder of its own: "
       "add --prefix and its name, for example --prefix \"$ENV{HOME}/Ferncastle\"")
   endif()
 ]])
@@ -40,7 +40,7 @@ install(CODE "
   set(scripts \"${folder_scripts}\")
   set(readme \"${CMAKE_SOURCE_DIR}/README.md\")
   set(data \"${CMAKE_SOURCE_DIR}/data\")
-  include(\"${CMAKE_SOURCE_DIR}/cmake/lay_folder.cmake\")
+  include(\"${CMAKE_SOURCE_DIR}/cmake/fill_folder.cmake\")
 ")
 
 if(WIN32)
@@ -50,7 +50,7 @@ else()
 endif()
 set(CPACK_PACKAGE_NAME ferncastle)
 set(CPACK_PACKAGE_VERSION ${FERNCASTLE_VERSION})
-# The archive's one folder bears the version, so that unpacking a new one never falls upon somebody's projects.
+# The archive's one folder bears the version, so that unpacking a new version never touches existing projects.
 set(CPACK_PACKAGE_FILE_NAME ferncastle-${FERNCASTLE_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_VERBATIM_VARIABLES ON)
 include(CPack)

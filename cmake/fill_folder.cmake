@@ -1,8 +1,8 @@
-# Lays the data beside the installed programs, and writes installed-files.txt: all that was shipped, with checksums in
+# Copies the data beside the installed programs, and writes installed-files.txt: all that was shipped, with checksums in
 # the form of sha256sum, by which "uninstall" and the next installation tell the program's files from the user's.
 #
-# A file that the user has changed stays as it is. When the program ships a newer one than last time, that is laid
-# beside it as NAME.new. The saved settings are the user's from the first day on, and are not listed.
+# A file that the user has changed stays as it is. When the program ships a newer one than last time, it is
+# copied beside it as NAME.new. The saved settings are the user's from the first day on, and are not listed.
 #
 # Given: folder, version, data, readme, and the lists programs (names) and scripts (paths).
 cmake_minimum_required(VERSION 3.25)
@@ -43,7 +43,7 @@ function(copy from path)
   file(CHMOD "${folder}/${path}" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ ${ARGN})
 endfunction()
 
-function(lay from path)
+function(install_file from path)
   file(SHA256 "${from}" sum)
   note("${path}" ${sum})
   look_at("${path}")
@@ -55,7 +55,7 @@ function(lay from path)
     set_property(GLOBAL APPEND PROPERTY kept "${path}")
     if(NOT "${sum}" STREQUAL "${before}")
       set_property(GLOBAL APPEND PROPERTY beside "${path}.new")
-      lay("${from}" "${path}.new")
+      install_file("${from}" "${path}.new")
     endif()
   endif()
 endfunction()
@@ -78,13 +78,13 @@ file(GLOB_RECURSE data_files LIST_DIRECTORIES false RELATIVE "${data}" "${data}/
 # README.md tells developers about the data; the folder has the README of the program.
 list(REMOVE_ITEM data_files variables.sav README.md)
 foreach(path IN LISTS data_files)
-  lay("${data}/${path}" "${path}")
+  install_file("${data}/${path}" "${path}")
 endforeach()
 if(NOT EXISTS "${folder}/variables.sav")
   copy("${data}/variables.sav" variables.sav)
 endif()
 
-# What was shipped once and isn't now goes, as long as it is unchanged; a NAME.new stays until its NAME is settled.
+# A file that is no longer shipped is removed if it is unchanged. A NAME.new stays as long as the user's NAME does.
 get_property(shipped GLOBAL PROPERTY shipped)
 get_property(kept GLOBAL PROPERTY kept)
 foreach(path IN LISTS shipped_before)
@@ -109,5 +109,5 @@ endif()
 get_property(beside GLOBAL PROPERTY beside)
 if(beside)
   list(JOIN beside ", " names)
-  message(STATUS "Newer ones lie beside them: ${names}")
+  message(STATUS "The newer ones are beside them: ${names}")
 endif()
