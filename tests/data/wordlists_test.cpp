@@ -1,5 +1,5 @@
-// Checks the word lists that lie beside the program. All five are asked by plain text comparison, so one careless row
-// (a country ending that occurs in ".htm", say) would spoil every run without any message.
+// Checks the word lists that are shipped beside the program. All five are searched by plain text comparison, so one
+// careless row (a country ending that occurs in ".htm", say) would spoil every run without any message.
 
 #include <algorithm>
 #include <fstream>

@@ -77,7 +77,7 @@ echo "newword" >>"$tmp/newer/dictionary.lst"
 rm "$tmp/newer/sample/notes.txt"
 programs=$(cd "$folder" && printf '%s;' ferncastle*)
 cmake -Dfolder="$folder" -Dversion=2 -Ddata="$tmp/newer" -Dreadme="$source/README.md" -Dprograms="${programs%;}" \
-  -Dscripts="$source/packaging/add-to-menu;$source/packaging/uninstall" -P "$source/cmake/lay_folder.cmake" >"$tmp/said"
+  -Dscripts="$source/packaging/add-to-menu;$source/packaging/uninstall" -P "$source/cmake/fill_folder.cmake" >"$tmp/said"
 holds "$folder/domains.lst" mine.example
 same "$folder/domains.lst.new" "$tmp/newer/domains.lst"
 holds "$tmp/said" domains.lst.new
