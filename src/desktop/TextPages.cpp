@@ -126,6 +126,9 @@ Text TextPages::ShowFile(const QUrl &theUrl)
                                                "<p>Open it in your web browser: <a href=\"%1\">%1</a></p>");
     Text bytes;
     try {
+        // Tested first: a page that isn't there is told here, and is no loss.
+        if (!Files::IsFile(Address()))
+            Fail("file not found", Address());
         bytes = Files::Read(Address());
     } catch (const RuntimeFailure &) {
         return show("This page cannot be opened", "<p>It may have been moved, renamed or deleted:</p><p>%1</p>");
