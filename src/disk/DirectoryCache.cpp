@@ -26,12 +26,6 @@ unsigned draftRound = 1;
 // file system's clock.
 constexpr std::int64_t finestTick = 50'000'000;
 
-std::int64_t Milliseconds()
-{
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
 std::int64_t WallNanoseconds()
 {
     using namespace std::chrono;
@@ -81,6 +75,17 @@ void SetRecheckInterval(int theMilliseconds)
     recheckInterval = theMilliseconds;
 }
 
+std::int64_t Milliseconds()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+bool IsRecent(std::int64_t theTime)
+{
+    return theTime >= 0 && recheckInterval > 0 && Milliseconds() - theTime < recheckInterval;
+}
+
 void Dir::NoteOwnChange()
 {
     lastOwnChange = WallNanoseconds();
@@ -92,10 +97,9 @@ void Dir::Recheck()
         return;
     if (std::exchange(drafts, 0) != 0)
         isTrusted = false;
-    const std::int64_t now = Milliseconds();
-    if (isTrusted && recheckInterval > 0 && now - lastLook < recheckInterval)
+    if (isTrusted && IsRecent(lastLook))
         return;
-    lastLook = now;
+    lastLook = Milliseconds();
     const auto [changed, id] = Io::LookAt(HostPath.empty() ? "/" : HostPath);
     // Another directory, or a link, that has taken this one's place is not this one.
     isGone = changed < 0 || (identity != Io::Identity() && id != identity);
@@ -289,6 +293,15 @@ Dir *FindDir(std::string_view thePath)
     }
     if (thePath.size() < 2 || thePath[1] != ':' || (thePath.size() > 2 && !Paths::IsSeparator(thePath[2])))
         return nullptr;
+    // Each step of a path gets a place. The steps of a long path with many ".." would take much memory for nothing.
+    constexpr std::size_t longestUsual = 256, longest = 4200;
+    if (thePath.size() > longestUsual) {
+        const Text normal = Paths::Normalize(Text(thePath));
+        if (normal.size() > longest)
+            return nullptr;
+        if (normal.size() + 1 < thePath.size())
+            return FindDir(normal);
+    }
     Dir *const dir = ResolveDir(thePath);
     if (dir)
         places.insert_or_assign(Text(thePath), dir);

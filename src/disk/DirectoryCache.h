@@ -103,4 +103,8 @@ void EndDrafts();
 
 // How long a directory is trusted before its time of change is looked at again, in milliseconds; 0 looks each time.
 void SetRecheckInterval(int theMilliseconds);
+// Whether that long hasn't passed since theTime, for facts of files; theTime is of Milliseconds, -1 for never.
+bool IsRecent(std::int64_t theTime);
+// A clock that only goes forward.
+std::int64_t Milliseconds();
 }  // namespace DirectoryCache

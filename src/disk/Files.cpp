@@ -14,29 +14,20 @@ using DirectoryCache::FindParent;
 
 namespace
 {
+Files::StandIn *standIn = nullptr;
+
 // More names than a procedure of the program can count.
 constexpr std::size_t namesAtMost = 32767;
-
-bool IsProjectDirectory(std::string_view theName)
-{
-    const std::size_t digits = std::min(theName.find_first_not_of("0123456789"), theName.size());
-    return digits >= 4 && (digits == theName.size() || theName.substr(digits) == "_store");
-}
-
-bool IsSavedFile(std::string_view theName)
-{
-    return theName.ends_with(".sav") || theName.ends_with(".chk") || theName.ends_with(".pro");
-}
 
 // True for the program's own saved files and all that lies in its projects, but not by way of a link.
 bool IsOwn(const Dir &theDir, std::string_view theName)
 {
     const Text &program = Paths::ProgramHostDir();
     if (theDir.HostPath == program)
-        return IsSavedFile(theName);
+        return Files::IsSavedFile(theName);
     for (const Dir *dir = &theDir; dir->Parent && !dir->IsLink; dir = dir->Parent)
         if (dir->Parent->HostPath == program)
-            return IsProjectDirectory(std::string_view(dir->HostPath).substr(program.size() + 1));
+            return Files::IsProjectDirectory(std::string_view(dir->HostPath).substr(program.size() + 1));
     return false;
 }
 
@@ -84,6 +75,12 @@ struct Target {
         }
     }
     void NoteDraft() const { In->AddDraft(Name); }
+    // Notes a file that the stand-in has taken over, so that its directory isn't read anew and forgets it.
+    void NoteTakenOver() const
+    {
+        if (!Known)
+            NoteDraft();
+    }
 
     Dir *In = nullptr;
     Entry *Known = nullptr;
@@ -121,6 +118,17 @@ Files::Names ListingOf(const Text &theDir, Io::Kind theKind)
 
 namespace Files
 {
+bool IsProjectDirectory(std::string_view theName)
+{
+    const std::size_t digits = std::min(theName.find_first_not_of("0123456789"), theName.size());
+    return digits >= 4 && (digits == theName.size() || theName.substr(digits) == "_store");
+}
+
+bool IsSavedFile(std::string_view theName)
+{
+    return theName.ends_with(".sav") || theName.ends_with(".chk") || theName.ends_with(".pro");
+}
+
 Text ToHost(const Text &thePath)
 {
     const Text path = Paths::Normalize(thePath);
@@ -195,11 +203,30 @@ void Write(const Text &theFile, const Text &theContent)
 {
     Noted([&] {
         const Target target(theFile);
+        if (standIn && standIn->TakesWrite(target.Host, theContent)) {
+            target.NoteTakenOver();
+            return;
+        }
         PendingWrites::Await(target.Host);
         Io::Write(target.Host, theContent);
         PendingWrites::Forget(target.Host);
         target.NoteWritten();
     });
+}
+
+void Write(const Text &theFile, const Pieces &thePieces)
+{
+    const Text host = Noted([&] { return Target(theFile).Host; });
+    PendingWrites::Await(host);
+    try {
+        Io::Write(host, thePieces);
+    } catch (const RuntimeFailure &failure) {
+        if (failure.Where == host)
+            Losses::Note(failure);
+        throw;
+    }
+    PendingWrites::Forget(host);
+    Target(theFile).NoteWritten();  // thePieces may have used the cache
 }
 
 void Append(const Text &theFile, const Text &theContent)
@@ -221,6 +248,10 @@ void Copy(const Text &theSource, const Text &theTarget, const Expectation &theEx
         const Text source = ExistingFile(theSource);
         PendingWrites::Complete(source);
         const Target target(theTarget);
+        if (standIn && standIn->TakesCopy(source, target.Host)) {
+            target.NoteTakenOver();
+            return;
+        }
         if (theExpectation && !target.Known && PendingWrites::AddCopy(target.Host, source, theExpectation)) {
             target.NoteDraft();
             return;
@@ -250,6 +281,8 @@ void Delete(const Text &theFile)
 void Rewrite(const Text &theFile, const Expectation &theChange)
 {
     const Text file = FindFile(theFile);
+    if (standIn && standIn->Has(file))
+        return;
     if (file.empty() || !PendingWrites::Confirm(file, theChange))
         Write(theFile, theChange.Apply(Read(theFile)));
 }
@@ -263,6 +296,11 @@ bool EndsInLineFeed(const Text &theFile)
         const Text *source = PendingWrites::SourceOf(file);
         return Io::EndsInLineFeed(source ? *source : file);
     });
+}
+
+void SetStandIn(StandIn *theStandIn)
+{
+    standIn = theStandIn;
 }
 
 std::int64_t Stamp(const Text &theFile)

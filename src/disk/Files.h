@@ -4,12 +4,19 @@
 // run-time failure.
 #pragma once
 #include "disk/Expectation.h"
+#include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace Files
 {
 using Names = std::shared_ptr<const std::vector<Text>>;
+
+// Whether a name in the program directory is that of a file with saved values, or of a project's directory or its
+// store.
+bool IsSavedFile(std::string_view theName);
+bool IsProjectDirectory(std::string_view theName);
 
 // The path of the host for thePath, with the case that the disk has as far as it is there; empty without a drive.
 Text ToHost(const Text &thePath);
@@ -30,6 +37,10 @@ Names DirectoriesIn(const Text &theDir);
 Text Read(const Text &theFile);
 // Replaces a file that exists in one step: a reader sees the old content or the new one, never a part.
 void Write(const Text &theFile, const Text &theContent);
+// The same for a content that comes in pieces and may take more memory than there is: thePieces hands them over. Its
+// own failures are not among the losses. A stand-in is not asked.
+using Pieces = std::function<void(const std::function<void(std::string_view)> &)>;
+void Write(const Text &theFile, const Pieces &thePieces);
 void Append(const Text &theFile, const Text &theContent);
 // Copies content. theExpectation tells how Rewrite will change the copy later, if that is known. The copy is written in
 // that form at once, but the program treats it as a plain copy until then. A new file may appear on the disk a moment
@@ -40,6 +51,18 @@ void Delete(const Text &theFile);
 void Rewrite(const Text &theFile, const Expectation &theChange);
 // True when the file is empty or its last byte is LF.
 bool EndsInLineFeed(const Text &theFile);
+
+// Takes over the writing of whole files, so that a run can be rehearsed. The program then knows such a file by its
+// name, but its content is nowhere. Paths are the host's.
+struct StandIn {
+    virtual ~StandIn() = default;
+    // True when it takes theFile over. Fails where the writing would fail.
+    virtual bool TakesWrite(const Text &theFile, const Text &theContent) = 0;
+    virtual bool TakesCopy(const Text &theSource, const Text &theFile) = 0;
+    // True for a file that it has taken over.
+    virtual bool Has(const Text &theFile) const = 0;
+};
+void SetStandIn(StandIn *theStandIn);
 
 // Changes when the file changes; -1 when it isn't there. Never fails.
 std::int64_t Stamp(const Text &theFile);

@@ -1,7 +1,10 @@
-// The calls that differ from one operating system to the next; Io_posix.cpp serves Linux and macOS. Paths are the
-// host's own here. Everything that fails throws a RuntimeFailure that names the path.
+// The calls that differ from one operating system to the next. For Linux and macOS, Io_posix.cpp has those for names
+// and directories, and IoContent_posix.cpp those that read and write files. Paths are the host's own here. Everything
+// that fails throws a RuntimeFailure that names the path.
 #pragma once
 #include "base/Text.h"
+#include <functional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -37,6 +40,12 @@ Text Read(const Text &theFile);
 // Replaces a file, or a link to one, by a file of that content, or makes the file. A reader sees the old content or
 // the new one, never a part. When it fails, the old content stays.
 void Write(const Text &theFile, const Text &theContent);
+// The same for a content that comes in pieces and may take more memory than there is: thePieces hands them over. A
+// failure of thePieces goes on to the caller, and the old content stays.
+using Pieces = std::function<void(const std::function<void(std::string_view)> &)>;
+void Write(const Text &theFile, const Pieces &thePieces);
+// Makes a new file in one step. A failure when something has that name.
+void WriteNew(const Text &theFile, const Text &theContent);
 // Adds to the end of a file, or makes it.
 void Append(const Text &theFile, const Text &theContent);
 // Copies the content of a plain file alone, else like Write. A file onto itself stays as it is.
@@ -52,36 +61,10 @@ struct FileFacts {
 FileFacts LookAtFile(const Text &theFile);
 // True when the file is empty or its last byte is LF.
 bool EndsInLineFeed(const Text &theFile);
-// Bytes free to this user where theDir lies.
+// Bytes free to this user where theDir lies; 0 when there is hardly room for further files.
 std::int64_t FreeSpace(const Text &theDir);
 // The directory of the running program.
 Text ProgramDirectory();
 // The host's drives: a letter each and the directory that it stands for.
 std::vector<std::pair<char, Text>> Drives();
-
-// A file that is being written. It gets its name only when it is published, so that no incomplete file is ever visible.
-// If it is never published, or the process is killed, at most a hidden temporary file remains, which the next draft
-// overwrites. May be handed to another thread.
-class Draft
-{
-public:
-    // Opens a file in the directory of theFile. With willReplace it replaces a file of that name when it is published,
-    // and takes over its permissions.
-    explicit Draft(Text theFile, bool willReplace = false);
-    Draft(Draft &&theOther) noexcept;
-    Draft &operator=(Draft &&) = delete;
-    Draft(const Draft &) = delete;
-    ~Draft();
-
-    const Text &File() const { return file; }
-    void Write(const Text &theContent);
-    void CopyFrom(const Text &theSource);
-    // Gives the file its name. A failure when something has that name and isn't to be replaced.
-    void Publish();
-
-private:
-    Text file, hidden;  // hidden: its name meanwhile, where it has one
-    bool isReplacement;
-    int handle = -1;
-};
 }  // namespace Io

@@ -98,11 +98,24 @@ Text Normalize(const Text &thePath)
     return Result.size() == 2 ? Result + '\\' : Result;
 }
 
+// thePath as Normalize makes it. Most paths have that form already, and are not copied into theStorage then.
+static std::string_view NormalForm(const Text &thePath, Text &theStorage)
+{
+    std::string_view path = thePath;
+    if (path.size() > 3 && path.back() == '\\')
+        path.remove_suffix(1);
+    bool isNormal = path.size() > 2 && path[1] == ':' && path[2] == '\\';
+    for (std::size_t at = 3; isNormal && at < path.size(); ++at)
+        isNormal = path[at] != '/' && (path[at - 1] != '\\' || (path[at] != '.' && path[at] != '\\'));
+    return isNormal ? path : std::string_view(theStorage = Normalize(thePath));
+}
+
 bool IsInside(const Text &thePath, const Text &theDir)
 {
-    const auto closed = [](Text thePlain) { return thePlain.ends_with('\\') ? thePlain : thePlain + '\\'; };
-    const Text path = closed(Normalize(thePath)), dir = closed(Normalize(theDir));
-    return path.size() >= dir.size() && CompareIgnoringCase(std::string_view(path).substr(0, dir.size()), dir) == 0;
+    Text pathStorage, dirStorage;
+    const std::string_view path = NormalForm(thePath, pathStorage), dir = NormalForm(theDir, dirStorage);
+    return CompareIgnoringCase(path.substr(0, dir.size()), dir) == 0 &&
+           (path.size() == dir.size() || dir.ends_with('\\') || path[dir.size()] == '\\');
 }
 
 bool MatchesPattern(const Text &theName, const Text &thePattern)
@@ -125,13 +138,10 @@ bool MatchesPattern(const Text &theName, const Text &thePattern)
     return thePattern.find_first_not_of('*', p) == Text::npos;
 }
 
-bool IsSeparator(char theChar)
-{
-    return theChar == '\\' || theChar == '/';
-}
-
 int CompareIgnoringCase(std::string_view a, std::string_view b)
 {
+    if (a == b)
+        return 0;
     const std::size_t both = std::min(a.size(), b.size());
     for (std::size_t i = 0; i < both; ++i) {
         const auto x = static_cast<unsigned char>(LowerChar(a[i])), y = static_cast<unsigned char>(LowerChar(b[i]));

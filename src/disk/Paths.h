@@ -35,7 +35,10 @@ bool IsInside(const Text &thePath, const Text &theDir);
 // Whether a name matches a pattern with "*" and "?", ignoring case.
 bool MatchesPattern(const Text &theName, const Text &thePattern);
 // True for "\" and "/".
-bool IsSeparator(char theChar);
+inline bool IsSeparator(char theChar)
+{
+    return theChar == '\\' || theChar == '/';
+}
 // Below 0, 0 or above 0, as a comes before, with or after b by their lower-case forms.
 int CompareIgnoringCase(std::string_view a, std::string_view b);
 }  // namespace Paths

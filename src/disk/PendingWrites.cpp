@@ -5,78 +5,121 @@
 #include "disk/Paths.h"
 #include "disk/Writer.h"
 #include <algorithm>
+#include <list>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
 namespace
 {
-// Shared by all copies of one source that will get the same content.
+struct Source;
+
+// How copies of a source are changed. Shared by all copies that will get the same content.
 struct Recipe {
-    Text Source;
+    const Source *From;
     Expectation Change;
     std::int64_t Stamp = -1;      // of the source when Result was made
     Writer::Content Result = {};  // null when it isn't kept
 };
-std::unordered_map<Text, Recipe> recipes;  // by argument and source; a program has one change for each argument
-std::size_t keptBytes = 0;                 // of all results
+struct Source {
+    Text Path;
+    Io::FileFacts Facts = {};
+    std::int64_t LookedAt = -1;  // by DirectoryCache::Milliseconds
+    // A source has few of them, since there is one for each depth of a copy's directory. Copies point to them.
+    std::list<Recipe> Recipes = {};
+};
+std::unordered_map<Text, Source> sources;
+std::size_t keptBytes = 0;  // of all results
 constexpr std::size_t keptAtMost = 12 << 20;
 // Larger files are seldom pages, so rewriting them early would gain nothing.
 constexpr std::int64_t expectedAtMost = 1 << 20;
 
+struct ViewHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view theText) const { return std::hash<std::string_view>()(theText); }
+};
+template <class Value> using ByName = std::unordered_map<Text, Value, ViewHash, std::equal_to<>>;
 // The copies that aren't confirmed, by directory and name.
-using Copies = std::unordered_map<Text, const Recipe *>;
-std::unordered_map<Text, Copies> copies;
+using Copies = ByName<const Recipe *>;
+ByName<Copies> copies;
 // Text to be added, by file.
 std::unordered_map<Text, Text> added;
 constexpr std::size_t addedAtMost = 1 << 16;
 
 Writer writer;
 bool isWriterBusy = false;
-std::int64_t givenBytes = 0, roomAtLastLook = 0;
+constexpr std::int64_t bytesBetweenLooks = 64 << 20;
+std::int64_t givenBytes = 0;  // since the free space was looked at
+bool hasRoom = false;
 
-std::pair<Text, Text> Split(const Text &theFile)
+std::pair<std::string_view, std::string_view> Split(std::string_view theFile)
 {
     const std::size_t slash = theFile.rfind('/');
     return {theFile.substr(0, slash), theFile.substr(slash + 1)};
 }
 
-// True if the writer can create the file later without a likely failure: the disk has plenty of room and the name isn't
-// too long. Any other file is written at once, so that a failure is reported where the copy was requested.
-bool CanWriteLater(const Text &theName, std::size_t theSize)
+// True if the writer can create the file later without a likely failure: another copy could be made in its directory,
+// the disk has plenty of room and the name isn't too long. Any other file is written at once, so that a failure is
+// reported where the copy was requested.
+bool CanWriteLater(bool isProvenDirectory, std::string_view theName, std::size_t theSize)
 {
-    if (theName.size() > 255)
+    if (!isProvenDirectory || theName.size() > 255)
         return false;
     const auto size = static_cast<std::int64_t>(theSize);
-    if (givenBytes + size > roomAtLastLook) {
-        const std::int64_t room = Io::FreeSpace(Paths::ProgramHostDir() + '/') / 2;
+    if (givenBytes + size > bytesBetweenLooks || !hasRoom) {
+        // Others write too: pages of the site, pictures, other programs.
+        hasRoom = Io::FreeSpace(Paths::ProgramHostDir() + '/') > 2 * bytesBetweenLooks;
         givenBytes = 0;
-        roomAtLastLook = std::min(room, std::int64_t{64} << 20);
-        if (size > roomAtLastLook)
+        if (!hasRoom)
             return false;
     }
     givenBytes += size;
     return true;
 }
 
+// Drops what a recipe has made, to make room. The writer may still hold it.
+void DropResult(Recipe &theRecipe)
+{
+    if (theRecipe.Result)
+        keptBytes -= theRecipe.Result->size();
+    theRecipe.Result = nullptr;
+}
+
 void DropResults()
 {
-    for (auto &[key, recipe] : recipes)
-        recipe.Result = nullptr;
-    keptBytes = 0;
+    for (auto &[path, source] : sources)
+        for (Recipe &recipe : source.Recipes)
+            DropResult(recipe);
+}
+
+// The file theSource as it was a moment ago.
+Source &UpToDateSource(const Text &theSource)
+{
+    Source &Result = sources.try_emplace(theSource, Source{theSource}).first->second;
+    if (!DirectoryCache::IsRecent(Result.LookedAt)) {
+        Result.LookedAt = DirectoryCache::Milliseconds();
+        Result.Facts = Io::LookAtFile(theSource);
+    }
+    return Result;
 }
 
 // What theExpectation makes of theSource as it is now.
-const Recipe &UpToDateRecipe(const Text &theSource, const Expectation &theExpectation, std::int64_t theStamp)
+const Recipe &UpToDateRecipe(Source &theSource, const Expectation &theExpectation)
 {
-    Recipe &Result = recipes.try_emplace(theExpectation.Argument + '\n' + theSource).first->second;
-    if (Result.Result && Result.Stamp == theStamp && Result.Change == theExpectation)
-        return Result;
-    Writer::Content content = std::make_shared<const Text>(theExpectation.Apply(Io::Read(theSource)));
+    auto recipe = std::find_if(theSource.Recipes.begin(), theSource.Recipes.end(),
+        [&](const Recipe &one) { return one.Change == theExpectation; });
+    if (recipe == theSource.Recipes.end())
+        recipe = theSource.Recipes.insert(recipe, {&theSource, theExpectation});
+    if (recipe->Result && recipe->Stamp == theSource.Facts.Stamp)
+        return *recipe;
+    Writer::Content content = std::make_shared<const Text>(theExpectation.Apply(Io::Read(theSource.Path)));
+    DropResult(*recipe);
     if (keptBytes + content->size() > keptAtMost)
         DropResults();
     keptBytes += content->size();
-    Result = {theSource, theExpectation, theStamp, std::move(content)};
-    return Result;
+    recipe->Stamp = theSource.Facts.Stamp;
+    recipe->Result = std::move(content);
+    return *recipe;
 }
 
 void CompleteAdded(const Text &theFile)
@@ -102,20 +145,21 @@ namespace PendingWrites
 {
 bool AddCopy(const Text &theFile, const Text &theSource, const Expectation &theExpectation)
 {
-    const Io::FileFacts facts = Io::LookAtFile(theSource);
-    if (facts.Size > expectedAtMost)
+    Source &source = UpToDateSource(theSource);
+    if (source.Facts.Size > expectedAtMost)
         return false;
-    const Recipe &recipe = UpToDateRecipe(theSource, theExpectation, facts.Stamp);
-    auto [directory, name] = Split(theFile);
-    Io::Draft draft(theFile);
-    if (CanWriteLater(name, recipe.Result->size())) {
-        writer.Put(std::move(draft), recipe.Result);
+    const Recipe &recipe = UpToDateRecipe(source, theExpectation);
+    const auto [directory, name] = Split(theFile);
+    auto there = copies.find(directory);
+    if (CanWriteLater(there != copies.end(), name, recipe.Result->size())) {
+        writer.Put(theFile, recipe.Result);
         isWriterBusy = true;
     } else {
-        draft.Write(*recipe.Result);
-        draft.Publish();
+        Io::WriteNew(theFile, *recipe.Result);
     }
-    copies[directory][std::move(name)] = &recipe;
+    if (there == copies.end())
+        there = copies.try_emplace(Text(directory)).first;
+    there->second.insert_or_assign(Text(name), &recipe);
     return true;
 }
 
@@ -132,19 +176,19 @@ static const Recipe *FindRecipe(const Text &theFile)
 const Text *SourceOf(const Text &theFile)
 {
     const Recipe *recipe = copies.empty() ? nullptr : FindRecipe(theFile);
-    return recipe ? &recipe->Source : nullptr;
+    return recipe ? &recipe->From->Path : nullptr;
 }
 
 void Forget(const Text &theFile)
 {
-    added.erase(theFile);
-    if (copies.empty())
-        return;
+    if (!added.empty())
+        added.erase(theFile);
     const auto [directory, name] = Split(theFile);
     const auto there = copies.find(directory);
     if (there == copies.end())
         return;
-    there->second.erase(name);
+    if (const auto found = there->second.find(name); found != there->second.end())
+        there->second.erase(found);
     if (there->second.empty())
         copies.erase(there);
 }
@@ -215,12 +259,12 @@ void Flush()
     const auto unconfirmed = std::exchange(copies, {});
     for (const auto &[directory, names] : unconfirmed)
         for (const auto &[name, recipe] : names)
-            NoteFailure([&] { Io::Copy(recipe->Source, directory + '/' + name); });
+            NoteFailure([&] { Io::Copy(recipe->From->Path, directory + '/' + name); });
     for (const auto &[file, text] : std::exchange(added, {}))
         if (!text.empty())
             NoteFailure([&] { Io::Append(file, text); });
-    recipes.clear();
+    sources.clear();
     keptBytes = 0;
-    roomAtLastLook = 0;
+    hasRoom = false;
 }
 }  // namespace PendingWrites

@@ -1,11 +1,13 @@
 #include "disk/Writer.h"
+#include "disk/Io.h"
+#include <new>
 #include <system_error>
 #include <utility>
 
 // The files are taken up in batches: waking the other thread for each would cost as much as writing it.
 static constexpr std::size_t batch = 8;
-// Each file in the queue is open.
-static constexpr std::size_t filesAtMost = 48;
+// When the queue is full, the caller writes too, so both threads are busy until the end.
+static constexpr std::size_t filesAtMost = 64;
 static constexpr std::size_t bytesAtMost = 4 << 20;
 
 Writer::~Writer()
@@ -30,19 +32,20 @@ bool Writer::HasThread()
     return !hasNoThread;
 }
 
-void Writer::Do(Job &theJob, std::vector<RuntimeFailure> &theFailures)
+void Writer::Do(const Job &theJob, std::vector<RuntimeFailure> &theFailures)
 {
     try {
-        theJob.File.Write(*theJob.Bytes);
-        theJob.File.Publish();
+        Io::WriteNew(theJob.File, *theJob.Bytes);
     } catch (const RuntimeFailure &failure) {
         theFailures.push_back(failure);
+    } catch (const std::bad_alloc &) {
+        theFailures.push_back({"not enough memory", theJob.File});
     }
 }
 
-void Writer::Put(Io::Draft theDraft, Content theContent)
+void Writer::Put(Text theFile, Content theContent)
 {
-    Job job{std::move(theDraft), std::move(theContent)};
+    Job job{std::move(theFile), std::move(theContent)};
     std::unique_lock guard(lock);
     if (waiting.size() >= filesAtMost || bytes + job.Bytes->size() > bytesAtMost || !HasThread()) {
         guard.unlock();
@@ -93,7 +96,7 @@ void Writer::Work()
             std::size_t written = 0;
             std::vector<RuntimeFailure> failed;
             guard.unlock();
-            for (Job &job : jobs) {
+            for (const Job &job : jobs) {
                 written += job.Bytes->size();
                 Do(job, failed);
             }

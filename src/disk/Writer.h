@@ -2,7 +2,7 @@
 // nothing but the files that it is given.
 #pragma once
 #include "base/Failure.h"
-#include "disk/Io.h"
+#include "base/Text.h"
 #include <condition_variable>
 #include <memory>
 #include <mutex>
@@ -19,9 +19,9 @@ public:
     Writer &operator=(const Writer &) = delete;
     ~Writer();
 
-    // Hands over a file that is to get theContent and its name, before Finish at the latest. If the queue is full or no
+    // Hands over the path and the content of a new file, which is there when Finish returns. If the queue is full or no
     // thread can be started, the caller writes the file at once. Never fails: see Finish.
-    void Put(Io::Draft theDraft, Content theContent);
+    void Put(Text theFile, Content theContent);
     // Has the other thread take up what is waiting, however little it is.
     void Hurry();
     // Waits until all files are written. Returns what could not be, and forgets it.
@@ -29,12 +29,12 @@ public:
 
 private:
     struct Job {
-        Io::Draft File;
+        Text File;
         Content Bytes;
     };
     bool HasThread();
     void Work();
-    void Do(Job &theJob, std::vector<RuntimeFailure> &theFailures);
+    void Do(const Job &theJob, std::vector<RuntimeFailure> &theFailures);
 
     std::mutex lock;
     std::condition_variable hasWork, isDone;

@@ -48,8 +48,13 @@ TEST_F(Host, PathsLeadToNamesWhateverTheirCase)
     for (const auto &[path, plain] : Pairs{{"x:\\a\\.\\b\\\\c\\", "x:\\a\\b\\c"}, {"x:", "x:\\"},
              {"x:\\..\\a", "x:\\a"}, {"x:\\a\\..", "x:\\"}, {"x:/a/b/..\\c", "x:\\a\\c"}, {"x:\\...", "x:\\..."}})
         EXPECT_EQ(Normalize(path), plain) << path;
-    EXPECT_TRUE(IsInside("x:\\A\\b", "x:\\a\\") && IsInside("x:\\a", "X:\\a") && IsInside("x:\\a", "x:\\"));
-    EXPECT_FALSE(IsInside("x:\\ab", "x:\\a") || IsInside("x:\\a\\..\\b", "x:\\a") || IsInside("x:\\", "x:\\a"));
+    for (const auto &[path, dir] : Pairs{{"x:\\A\\b", "x:\\a\\"}, {"x:\\a", "X:\\a"}, {"x:\\a", "x:\\"},
+             {"x:/a/b", "x:\\a\\\\b"}, {"x:\\a\\.\\b", "x:\\a\\b"}, {"x:\\b\\..\\a\\.b", "x:\\a"}, {"x:", "x:\\"}})
+        EXPECT_TRUE(IsInside(path, dir)) << path;
+    for (const auto &[path, dir] : Pairs{{"x:\\ab", "x:\\a"}, {"x:\\a\\..\\b", "x:\\a"}, {"x:\\", "x:\\a"},
+             {"x:\\a\\b/..\\../c", "x:\\a"}, {"x:\\a", "x:\\a\\b\\"}})
+        EXPECT_FALSE(IsInside(path, dir)) << path;
+    EXPECT_EQ(FromHost("/"), "c:\\");
 }
 
 TEST_F(Host, ListingsHoldWhatAUserSees)
@@ -105,6 +110,10 @@ TEST_F(Host, MemorySeesEveryChange)
     Rest();
     PutAt(program / "0001/other.htm", "another's");
     EXPECT_EQ(Joined(FilesIn(In(""))), "other.htm own.htm ");
+    Rest();
+    PutAt(program / "0001/OWN.HTM", "in other case");
+    Write(In("Own.htm"), "first");
+    EXPECT_EQ(Now("OWN.HTM") + Read(In("own.htm")) + Joined(FilesIn(In(""))), "firstownother.htm OWN.HTM own.htm ");
 }
 
 TEST_F(Host, ACopyIsWhatWasAskedForWhateverIsExpectedOfIt)
@@ -195,6 +204,18 @@ TEST_F(Host, AReplacedFileIsNeverSeenHalf)
     const fs::path whole = program / "0001/whole.htm";
     std::ifstream reader(whole);
     Write(In("whole.htm"), Text(100, 'n'));
+    Write(In("read only.htm"), "new");
+    const auto writeInPieces = [&](const Text &theEnd) {
+        Write(In("read only.htm"), [&](const auto &theSink) {
+            theSink(Text(9 << 20, 'p'));
+            EXPECT_EQ(Now("read only.htm"), "new");
+            theSink(theEnd.empty() ? Read("x:\\none.htm") : theEnd);
+        });
+        return Now("read only.htm");
+    };
+    EXPECT_THROW(writeInPieces(""), RuntimeFailure);
+    EXPECT_EQ(Now("read only.htm") + std::to_string(Losses::TakeNews().size()), "new1");
+    EXPECT_EQ(writeInPieces("end"), Text(9 << 20, 'p') + "end");
     Write(In("read only.htm"), "new");
     std::ostringstream seen;
     seen << reader.rdbuf();

@@ -4,9 +4,13 @@
 //                  unlink, rename, link, stat, opendir, readdir; thread and new, which have no path
 //   FAULTS_AT      N; "N+" means all from the N-th on
 //   FAULTS_ERRNO   what the call fails with; 0 kills the process instead. A write does half its work first.
+//   FAULTS_WRITES  a file that gets, for each call that makes, changes or deletes a file or a directory, its kind, a
+//   blank,
+//                  the path with links followed, and a NUL, also when the call fails
 //   FAULTS_COUNT   a file that gets, at a normal end, how many calls there were of each kind, one line each
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
@@ -17,7 +21,10 @@
 #include <fcntl.h>
 #include <new>
 #include <pthread.h>
+#include <string_view>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <type_traits>
 #include <unistd.h>
 
 namespace
@@ -85,6 +92,31 @@ bool IsBelow(int theHandle)
     return IsBelow(path);
 }
 
+// thePath, which may be relative to the directory theDir, as it will be taken: links in its directory are followed, the
+// name itself only with isFollowed.
+void NoteWrite(const char *theKind, int theDir, const char *thePath, bool isFollowed)
+{
+    static const char *const log = std::getenv("FAULTS_WRITES");
+    if (!log || !thePath)
+        return;
+    char path[3 * PATH_MAX], real[PATH_MAX], line[4 * PATH_MAX];
+    std::snprintf(path, sizeof path, theDir >= 0 && *thePath != '/' ? "/proc/self/fd/%d/%s" : "%.0d%s",
+        theDir >= 0 && *thePath != '/' ? theDir : 0, thePath);
+    char *const slash = std::strrchr(path, '/');
+    int size = 0;
+    if (isFollowed && realpath(path, real))
+        size = std::snprintf(line, sizeof line, "%s %s", theKind, real);
+    else if (slash)
+        size = std::snprintf(line, sizeof line, "%s %s/%s", theKind,
+            (*slash = '\0', realpath(slash == path ? "/" : path, real)) ? real : path, slash + 1);
+    else
+        size = std::snprintf(line, sizeof line, "%s %s/%s", theKind, realpath(".", real) ? real : "?", path);
+    // Not by way of the calls of this library.
+    const long file = syscall(SYS_openat, AT_FDCWD, log, O_WRONLY | O_APPEND | O_CREAT, 0666);
+    syscall(SYS_write, file, line, static_cast<std::size_t>(size) + 1);
+    syscall(SYS_close, file);
+}
+
 // Counts a call; true when it is to fail.
 bool IsTurnOf(const char *theKind)
 {
@@ -108,6 +140,10 @@ bool GoWrong()
 template <class Where> bool Fails(const char *theKind, Where theWhere)
 {
     const int before = errno;
+    if constexpr (!std::is_same_v<Where, int>)
+        if (const std::string_view kind = theKind;
+            kind == "mkdir" || kind == "unlink" || kind == "rename" || kind == "link")
+            NoteWrite(theKind, AT_FDCWD, theWhere, false);
     const bool Result = IsBelow(theWhere) && IsTurnOf(theKind) && GoWrong();
     if (!Result)
         errno = before;
@@ -119,9 +155,17 @@ bool IsForWriting(int theFlags)
     return (theFlags & O_ACCMODE) != O_RDONLY;
 }
 
+// Whether a stream of that mode is for writing, as NOTE takes it.
+int Opens(const char *theMode)
+{
+    return std::strpbrk(theMode, "wa+") ? 1 : -1;
+}
+
 int Open(const char *theName, const char *thePath, int theFlags, mode_t theMode)
 {
     static const auto real = Real<int (*)(const char *, int, ...)>(nullptr, theName);
+    if (IsForWriting(theFlags))
+        NoteWrite("create", AT_FDCWD, thePath, (theFlags & (O_NOFOLLOW | O_EXCL)) == 0);
     return Fails(IsForWriting(theFlags) ? "create" : "open", thePath) ? -1 : real(thePath, theFlags, theMode);
 }
 }  // namespace
@@ -178,6 +222,43 @@ int close(int handle)
         return Result;
     errno = error;
     return -1;
+}
+
+// The player uses none of these. They are here so that a write by way of them is noted, too.
+#define NOTE(TYPE, KIND, NAME, MORE, NAMES, DIRECTORY, WHERE, IS_FOLLOWED)                                             \
+    TYPE NAME MORE                                                                                                     \
+    {                                                                                                                  \
+        static const auto real = reinterpret_cast<TYPE(*) MORE>(dlsym(RTLD_NEXT, #NAME));                              \
+        if (IS_FOLLOWED >= 0)                                                                                          \
+            NoteWrite(KIND, DIRECTORY, WHERE, IS_FOLLOWED > 0);                                                        \
+        return real NAMES;                                                                                             \
+    }
+NOTE(FILE *, "create", fopen, (const char *path, const char *mode), (path, mode), AT_FDCWD, path, Opens(mode))
+NOTE(FILE *, "create", fopen64, (const char *path, const char *mode), (path, mode), AT_FDCWD, path, Opens(mode))
+NOTE(int, "create", creat, (const char *path, mode_t mode), (path, mode), AT_FDCWD, path, 1)
+NOTE(int, "mkdir", mkdirat, (int dir, const char *path, mode_t mode) noexcept, (dir, path, mode), dir, path, 0)
+NOTE(int, "unlink", unlinkat, (int dir, const char *path, int flags) noexcept, (dir, path, flags), dir, path, 0)
+NOTE(int, "unlink", rmdir, (const char *path) noexcept, (path), AT_FDCWD, path, 0)
+NOTE(int, "unlink", remove, (const char *path) noexcept, (path), AT_FDCWD, path, 0)
+NOTE(int, "rename", renameat, (int a, const char *from, int b, const char *to) noexcept, (a, from, b, to), b, to, 0)
+NOTE(int, "link", symlink, (const char *to, const char *path) noexcept, (to, path), AT_FDCWD, path, 0)
+NOTE(int, "link", symlinkat, (const char *to, int dir, const char *path) noexcept, (to, dir, path), dir, path, 0)
+NOTE(int, "create", mkfifo, (const char *path, mode_t mode) noexcept, (path, mode), AT_FDCWD, path, 0)
+NOTE(int, "change", truncate, (const char *path, off_t size) noexcept, (path, size), AT_FDCWD, path, 1)
+NOTE(int, "change", chmod, (const char *path, mode_t mode) noexcept, (path, mode), AT_FDCWD, path, 1)
+NOTE(int, "change", utimensat, (int dir, const char *path, const timespec *times, int flags) noexcept,
+    (dir, path, times, flags), dir, path, 1)
+
+int openat(int dir, const char *path, int flags, ...)
+{
+    static const auto real = Real<int (*)(int, const char *, int, ...)>(nullptr, "openat");
+    va_list more;
+    va_start(more, flags);
+    const mode_t mode = va_arg(more, mode_t);
+    va_end(more);
+    if (IsForWriting(flags))
+        NoteWrite("create", dir, path, true);
+    return real(dir, path, flags, mode);
 }
 
 DIR *opendir(const char *path)
