@@ -14,6 +14,19 @@
 #include <random>
 #include <sstream>
 
+// The numbers of the conditions that are not as expected.
+inline Text Unlike(bool theValue, std::initializer_list<bool> theConditions)
+{
+    Text Result;
+    for (const bool &condition : theConditions)
+        if (condition != theValue)
+            Result += std::to_string(&condition - theConditions.begin() + 1) + " ";
+    return Result;
+}
+// Unlike "&&" and "||" in one expectation, they say which of the conditions fails.
+#define EXPECT_ALL(...) EXPECT_EQ(Unlike(true, {__VA_ARGS__}), "") << #__VA_ARGS__
+#define EXPECT_NONE(...) EXPECT_EQ(Unlike(false, {__VA_ARGS__}), "") << #__VA_ARGS__
+
 struct TestFront final : QuietPresentation {
     std::vector<Text> Boxes;
     Text Asked;             // what the last standstill said

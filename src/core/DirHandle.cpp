@@ -3,7 +3,9 @@
 #include "core/TextOps.h"
 #include "core/Trap.h"
 #include "disk/Files.h"
+#include "disk/Paths.h"
 #include "engine/temp.h"
+#include <algorithm>
 
 // Deliberate: nothing sets this, so MakeOneDir never shows its message.
 static bool showsDirErrors = false;
@@ -56,10 +58,20 @@ bool CreateDirectories(const Text &thePath)
         // directories that do not exist yet.
         if (!Contains(path, "..") && Files::IsDirectory(path))
             return;
-        const Text belowDrive = RightPart(path, Len(path) - 2);
-        for (std::int64_t i = 1; i <= Len(belowDrive); ++i)
-            if (MidPart(belowDrive, i, 1) == "\\")
-                MakeOneDir(drive + LeftPart(belowDrive, i - 1));
+        // The directory of each step is kept in its shortest form, since a link may hold thousands of "..".
+        Text dir = drive, missing = "?";
+        for (std::size_t at = 3, end; (end = path.find('\\', at)) != Text::npos; at = end + 1) {
+            const Text name = path.substr(at, end - at);
+            if (name == "..")
+                dir.resize(std::max(dir.rfind('\\'), std::size_t{2}));
+            else if (name.find('/') != Text::npos)
+                dir = Paths::Normalize(dir + "\\" + name);
+            else if (!name.empty() && name != ".")
+                dir += "\\" + name;
+            // Below a directory that isn't there none can be made.
+            if (!dir.starts_with(missing) && !MakeOneDir(dir) && !Files::IsDirectory(dir))
+                missing = dir + "\\";
+        }
     });
     return Result;
 }

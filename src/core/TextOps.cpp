@@ -15,6 +15,22 @@ static bool EqualsFolded(std::string_view a, std::string_view b)
            std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return LowerChar(x) == LowerChar(y); });
 }
 
+static std::int64_t Position(std::size_t theIndex)
+{
+    return theIndex == Text::npos ? 0 : static_cast<std::int64_t>(theIndex) + 1;
+}
+
+// Most texts that are looked for are single characters, and these are found much faster as such.
+static std::int64_t Find(const Text &theText, const Text &theWhat, std::size_t theFrom)
+{
+    return Position(theWhat.size() == 1 ? theText.find(theWhat[0], theFrom) : theText.find(theWhat, theFrom));
+}
+
+static std::int64_t FindLast(const Text &theText, const Text &theWhat, std::size_t theFrom)
+{
+    return Position(theWhat.size() == 1 ? theText.rfind(theWhat[0], theFrom) : theText.rfind(theWhat, theFrom));
+}
+
 Text LeftPart(const Text &theText, std::int64_t n)
 {
     if (n < 0)
@@ -44,10 +60,8 @@ std::int64_t FindText(std::int64_t theStart, const Text &theText, const Text &th
         Fail("start below 1", "FindText");
     if (theStart > Len(theText))
         return theWhat.empty() && theStart == Len(theText) + 1 ? theStart : 0;
-    if (!ignoreCase) {
-        const std::size_t found = theText.find(theWhat, Size(theStart - 1));
-        return found == Text::npos ? 0 : static_cast<std::int64_t>(found) + 1;
-    }
+    if (!ignoreCase)
+        return Find(theText, theWhat, Size(theStart - 1));
     const auto from = theText.begin() + (theStart - 1);
     const auto found = std::search(from, theText.end(), theWhat.begin(), theWhat.end(),
         [](char x, char y) { return LowerChar(x) == LowerChar(y); });
@@ -56,8 +70,7 @@ std::int64_t FindText(std::int64_t theStart, const Text &theText, const Text &th
 
 std::int64_t FindLastText(const Text &theText, const Text &theWhat)
 {
-    const std::size_t found = theText.rfind(theWhat);
-    return found == Text::npos ? 0 : static_cast<std::int64_t>(found) + 1;
+    return FindLast(theText, theWhat, Text::npos);
 }
 
 std::int64_t FindLastText(const Text &theText, const Text &theWhat, std::int64_t theStart, bool ignoreCase)
@@ -65,10 +78,8 @@ std::int64_t FindLastText(const Text &theText, const Text &theWhat, std::int64_t
     const std::int64_t last = std::min(theStart, Len(theText)) - Len(theWhat);
     if (last < 0)
         return 0;
-    if (!ignoreCase) {
-        const std::size_t found = theText.rfind(theWhat, Size(last));
-        return found == Text::npos ? 0 : static_cast<std::int64_t>(found) + 1;
-    }
+    if (!ignoreCase)
+        return FindLast(theText, theWhat, Size(last));
     for (std::int64_t at = last; at >= 0; --at)
         if (EqualsFolded(std::string_view(theText).substr(Size(at), theWhat.size()), theWhat))
             return at + 1;
@@ -99,7 +110,7 @@ bool EndsWith(const Text &theText, const Text &theTail)
 
 bool Contains(const Text &theText, const Text &theWhat)
 {
-    return theText.find(theWhat) != Text::npos;
+    return Find(theText, theWhat, 0) != 0;
 }
 
 double NumberAtStart(const Text &theText)

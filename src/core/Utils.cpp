@@ -22,21 +22,19 @@ void LogMessageLines(const std::vector<Text> &)
 
 Text StripFromEnds(const Text &theString, const Text &theSub, Flag fromFront)
 {
-    Text Result;
+    const auto fits = [&](const Text &theText) {
+        return fromFront > 0 ? BeginsWith(theText, theSub) : EndsWith(theText, theSub);
+    };
+    Text Result = theString;
     Trap([&] {
-        Result = theString;
-        Text work = theString;
-        // Deliberate: n stays the same although work shrinks. With a doubled occurrence, or a text of one character,
-        // the loop ends before Result is assigned, so the text comes back unchanged. The link rules depend on it.
-        const std::int64_t n = Len(theString);
-        for (std::int64_t i = 1; i <= n; ++i) {
-            const bool fits = fromFront > 0 ? BeginsWith(work, theSub) : EndsWith(work, theSub);
-            if (!fits) {
-                Result = work;
-                break;
-            }
-            work = fromFront > 0 ? RightPart(work, n - Len(theSub)) : LeftPart(work, n - Len(theSub));
-        }
+        if (!fits(theString))
+            return;
+        const std::int64_t rest = Len(theString) - Len(theSub);
+        const Text work = fromFront > 0 ? RightPart(theString, rest) : LeftPart(theString, rest);
+        // Deliberate: a doubled occurrence, or a text of one character, comes back unchanged. The link rules depend on
+        // it.
+        if (Len(theString) > 1 && !fits(work))
+            Result = work;
     });
     return Result;
 }

@@ -16,6 +16,5 @@ ListBox lstKeywordWeight{Me, "lstKeywordWeight", {}};
 TextHolder RichTextBox1{Me, "RichTextBox1", {}};
 TextHolder RichTextBox2{Me, "RichTextBox2", {}};
 TextHolder rtbReport{Me, "rtbReport", {}};
-TextHolder rtbReportTemp{Me, "rtbReportTemp", {}};
-TextHolder rtbReportTemp2{Me, "rtbReportTemp2", {}};
+std::shared_ptr<const Text> rtbReportTemp = std::make_shared<const Text>(), rtbReportTemp2 = rtbReportTemp;
 }  // namespace frmLists

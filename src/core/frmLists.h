@@ -13,8 +13,10 @@ extern ListBox lstMediaLinksCnt;      // row i counts links to the extension of 
 extern ListBox lstMediaFilesCnt;      // row i counts files of the extension of row i
 extern ListBox lstDictionary;         // words for new file names
 extern ListBox lstKeywords;           // the project's keywords
-extern ListBox lstKeywordDistribution, lstKeywordWeight;     // nothing reads or fills them
-extern TextHolder RichTextBox1;                              // the current page, as read
-extern TextHolder RichTextBox2;                              // the same page in lower case
-extern TextHolder rtbReport, rtbReportTemp, rtbReportTemp2;  // the report page that is being made
+extern ListBox lstKeywordDistribution, lstKeywordWeight;  // nothing reads or fills them
+extern TextHolder RichTextBox1;                           // the current page, as read
+extern TextHolder RichTextBox2;                           // the same page in lower case
+extern TextHolder rtbReport;                              // the report page that is being made
+// The records of links for the report: pages and tags. Shared, because they can be large.
+extern std::shared_ptr<const Text> rtbReportTemp, rtbReportTemp2;
 }  // namespace frmLists

@@ -26,20 +26,20 @@ void RowFinder::BuildIndex()
     }
 }
 
-bool RowFinder::AnyRowIn(const Text &theText)
+std::size_t RowFinder::FirstRowIn(std::string_view theText, std::size_t theStart)
 {
     if (revision != list.Revision())
         BuildIndex();
     if (hasEmptyRow)
-        return true;
-    for (std::size_t at = 0; at < theText.size(); ++at) {
-        // The last character is paired with the zero behind the text, so only rows of one character can match there.
-        const std::size_t pair = PairOf(theText[at], theText.c_str()[at + 1]);
+        return theStart <= theText.size() ? theStart : Text::npos;
+    for (std::size_t at = theStart; at < theText.size(); ++at) {
+        // The last character is paired with a zero, so only rows of one character can match there.
+        const std::size_t pair = PairOf(theText[at], at + 1 < theText.size() ? theText[at + 1] : '\0');
         if (!beginnings.test(pair))
             continue;
         for (const Text &row : byBeginning[pair])
             if (theText.compare(at, row.size(), row) == 0)
-                return true;
+                return at;
     }
-    return false;
+    return Text::npos;
 }

@@ -2,6 +2,7 @@
 #pragma once
 #include "toolkit/Controls.h"
 #include <bitset>
+#include <string_view>
 #include <unordered_map>
 
 class RowFinder
@@ -9,7 +10,9 @@ class RowFinder
 public:
     explicit RowFinder(const ListBox &theList) : list(theList) {}
     // True when a row occurs in theText, compared exactly. An empty row occurs in every text.
-    bool AnyRowIn(const Text &theText);
+    bool AnyRowIn(std::string_view theText) { return FirstRowIn(theText, 0) != Text::npos; }
+    // Where the first row begins, counted from 0, at theStart or behind it; npos when there is none.
+    std::size_t FirstRowIn(std::string_view theText, std::size_t theStart);
 
 private:
     void BuildIndex();

@@ -40,6 +40,21 @@ static void CopyUnchanged(const Text &theFile)
     CopyFile(source, InProgramDir(ProjectNumber + "\\" + RightPart(source, Len(source) - Len(LocalSiteDir))));
 }
 
+static void TreatPage(const Text &theFile)
+{
+    if (!OnFailedPage) {
+        do_the_file(theFile);
+        return;
+    }
+    try {
+        do_the_file(theFile);
+    } catch (const RuntimeFailure &failure) {
+        OnFailedPage(failure);
+    } catch (const UntrappedFailure &failure) {
+        OnFailedPage(failure.Failure);
+    }
+}
+
 void SiteWalk()
 {
     const std::int16_t fileCount = Count16(frmProcess::File1.ListCount());
@@ -51,7 +66,7 @@ void SiteWalk()
         TreatThisFile = PassesFilter(file);
         TallyMediaFile(file);
         if (TreatThisFile)
-            do_the_file(file);
+            TreatPage(file);
         else
             CopyUnchanged(file);
         TreatThisFile = false;

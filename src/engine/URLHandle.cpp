@@ -100,8 +100,17 @@ static Text ParentOf(const Text &thePath)
     return AddTrailingSlash(StripFileFromEnd(thePath));
 }
 
+// How many times theLink has "..\" at its beginning.
+static std::size_t LeadingClimbs(const Text &theLink)
+{
+    std::size_t Result = 0;
+    while (theLink.compare(3 * Result, 3, "..\\") == 0)
+        ++Result;
+    return Result;
+}
+
 // The path of a link that begins with "..\" from theBase, or "0" when it climbs above the site's root.
-static Text ClimbFrom(Text theBase, Text theLink)
+static Text ClimbFrom(Text theBase, const Text &theLink)
 {
     const std::int16_t wanted = CountInString(theLink, "..\\");
     std::int64_t levels = 0;
@@ -110,11 +119,10 @@ static Text ClimbFrom(Text theBase, Text theLink)
     // Deliberate: every "..\" of the link is counted, but only the leading ones are climbed.
     if (levels < wanted)
         return "0";
-    while (BeginsWith(theLink, "..\\")) {
+    const std::size_t climbs = LeadingClimbs(theLink);
+    for (std::size_t i = 0; i < climbs; ++i)
         theBase = ParentOf(theBase);
-        theLink = RightPart(theLink, Len(theLink) - 3);
-    }
-    return theBase + theLink;
+    return theBase + theLink.substr(3 * climbs);
 }
 
 Text RebaseDottedLink(const Text &theLink)
@@ -245,7 +253,7 @@ Text AllAfterSiteRootNet(const Text &theLink, Flag KEEPEXTRA)
 {
     Text Result = theLink;  // also the result after a failure
     Trap([&] {
-        Text s = StripSiteHead(theLink, KEEPEXTRA);
+        const Text s = StripSiteHead(theLink, KEEPEXTRA);
         if (BeginsWith(s, "\\"))
             Result = RightPart(s, Len(s) - 1);
         else if (EqualsIgnoringCase(LeftPart(s, Len(DomainName)), DomainName))
@@ -257,12 +265,10 @@ Text AllAfterSiteRootNet(const Text &theLink, Flag KEEPEXTRA)
         else if (BeginsWith(s, ".\\"))
             // Deliberate: the result is a full path, with a backslash behind the file name.
             Result = PageDirectory() + AddTrailingSlash(RightPart(s, Len(s) - 2));
-        else if (BeginsWith(s, "..\\")) {
+        else if (BeginsWith(s, "..\\"))
             // Deliberate: each "..\" is dropped without climbing a level.
-            while (BeginsWith(s, "..\\"))
-                s = RightPart(s, Len(s) - 3);
-            Result = s;
-        } else if (Contains(s, ".") && !isDomainExtensionInLink(s))
+            Result = s.substr(3 * LeadingClimbs(s));
+        else if (Contains(s, ".") && !isDomainExtensionInLink(s))
             // Deliberate: the directories in a plain link are lost, so its file is looked for beside the page.
             Result = PageSubdirectory();
         // Deliberate: any other link stays as it is, with its head.

@@ -5,6 +5,7 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "core/frmLists.h"
+#include "engine/LinkReader.h"
 #include "engine/PageText.h"
 #include "engine/Tallies.h"
 #include "engine/URLHandle.h"
@@ -21,13 +22,22 @@ struct PageInHand {
     std::int64_t Pos = 1;               // where the next search for "href" begins; 0 ends the loop
     bool IsFirstLink = true;            // no tag has been rewritten yet
     std::int64_t LastRewrittenEnd = 1;  // the ">" that closed the last rewritten tag
-    std::int64_t TagStart = 0;          // the "<" of the current tag
+    LinkReader Reader = {};             // at the current link
     std::int64_t TagEnd = 0;            // the ">" of the last tag that was classified, whatever its kind
-    Text Tag, Link;
+    bool IsRebased = false;             // the current link is not as it stands in the page
+    Text Link;
     // Deliberate: it is not cleared between links. After a link that climbs above the root, plain links count as broken
     // too, until a dotted link is rebased successfully.
     Text RebasedLink;
 };
+
+// The tag of the current link. It is made only for a link whose tag is written somewhere, because a tag can contain
+// thousands of links.
+Text CurrentTag(const PageInHand &thePage)
+{
+    const Text tag = GetTagAtPos(thePage.Pos);
+    return thePage.IsRebased ? SwapLinkInTag(tag, thePage.RebasedLink, thePage.Link) : tag;
+}
 
 // Appends a record to a pair of record files: the page's path to the first, the tag to the second.
 void WriteRecord(const Text &thePair, const Text &thePage, const Text &theTag)
@@ -39,13 +49,13 @@ void WriteRecord(const Text &thePair, const Text &thePage, const Text &theTag)
 void TreatBrokenLink(const PageInHand &thePage)
 {
     AddToCount(frmProcess::lblLinksBrokenCnt);
-    WriteRecord("Broken", thePage.File, thePage.Tag);
+    WriteRecord("Broken", thePage.File, CurrentTag(thePage));
 }
 
 void TreatExternalLink(const PageInHand &thePage)
 {
     AddToCount(frmProcess::lblLinksExternalCnt);
-    WriteRecord("External", CurrentFilePath, thePage.Tag);
+    WriteRecord("External", CurrentFilePath, CurrentTag(thePage));
 }
 
 void TreatMediaLink()
@@ -58,15 +68,16 @@ void TreatMediaLink()
 
 // Appends the text since the last rewritten tag, followed by the tag: with its old link to rtb1, with its new one to
 // rtb2.
-void AssembleUpTo(PageInHand &thePage, const Text &theNewTag)
+void AssembleUpTo(PageInHand &thePage, const Text &theOldTag, const Text &theNewTag)
 {
     const Text &source = frmLists::RichTextBox1.Text;
+    const std::int64_t tagStart = thePage.Reader.TagStart();
     // Deliberate: two internal links behind one "<" make the count negative. No trap catches that, so the run fails.
-    const Text before = thePage.IsFirstLink ? LeftPart(source, thePage.TagStart - 1)
-                                            : MidPart(source, thePage.LastRewrittenEnd + 1,
-                                                  thePage.TagStart - 1 - thePage.LastRewrittenEnd);
+    const Text before = thePage.IsFirstLink
+                            ? LeftPart(source, tagStart - 1)
+                            : MidPart(source, thePage.LastRewrittenEnd + 1, tagStart - 1 - thePage.LastRewrittenEnd);
     thePage.IsFirstLink = false;
-    OldPageChunk = before + thePage.Tag;
+    OldPageChunk = before + theOldTag;
     NewPageChunk = before + theNewTag;
     AppendLineToFile(frmTheFile::rtb1, "", OldPageChunk);
     AppendLineToFile(frmTheFile::rtb2, "", NewPageChunk);
@@ -81,7 +92,7 @@ void TreatInternalLink(PageInHand &thePage)
         return;
     }
     const Text newFileName = MakeKeywordedFileName(oldFileName);
-    const Text newTag = InsertFilenameIntoLink(oldFileName, newFileName, thePage.Tag);
+    const Text tag = CurrentTag(thePage), newTag = InsertFilenameIntoLink(oldFileName, newFileName, tag);
     if (CreateNewlyKeywordedFile(thePage.Link, newFileName, oldFileName) == 1) {
         ++PagesFailedCnt;
         return;
@@ -89,7 +100,7 @@ void TreatInternalLink(PageInHand &thePage)
     if (!UsingQuillmark)
         AddToCount(frmProcess::lblKeywordsAdded, static_cast<double>(KeywordsInFileName) * 2);
     AddToCount(frmProcess::lblPagesAdded);
-    AssembleUpTo(thePage, newTag);
+    AssembleUpTo(thePage, tag, newTag);
     DoEvents();
     ++LinksInternalCnt;
     frmProcess::lblLinksInternalCnt.Caption = std::to_string(LinksInternalCnt);
@@ -97,24 +108,36 @@ void TreatInternalLink(PageInHand &thePage)
 
 void TreatLink(PageInHand &thePage)
 {
-    thePage.Tag = GetTagAtPos(thePage.Pos);
+    thePage.Reader.MoveTo(thePage.Pos);
+    const bool isDotted = thePage.Reader.IsDotted();
+    thePage.IsRebased = false;
+    if (!isDotted && thePage.RebasedLink != "0" && thePage.Reader.IsLeftAlone()) {
+        thePage.TagEnd = thePage.Reader.TagEnd();
+        return;
+    }
+    if (isDotted && thePage.Reader.IsTrashAnyway()) {
+        thePage.RebasedLink.clear();
+        thePage.TagEnd = thePage.Reader.TagEnd();
+        return;
+    }
     thePage.Link = GetLinkAtPos(thePage.Pos);
-    Text linkBackslashed = ReplaceText(thePage.Link, "/", "\\");
-    if (BeginsWith(linkBackslashed, "\\") || BeginsWith(thePage.Link, ".")) {
+    if (isDotted) {
         thePage.RebasedLink = RebaseDottedLink(thePage.Link);
-        if (thePage.RebasedLink != "0") {
-            thePage.Tag = SwapLinkInTag(thePage.Tag, thePage.RebasedLink, thePage.Link);
-            thePage.Link = thePage.RebasedLink;
-            linkBackslashed = ReplaceText(thePage.Link, "/", "\\");
-        }
+        thePage.IsRebased = thePage.RebasedLink != "0";
     }
     if (thePage.RebasedLink == "0") {
         TreatBrokenLink(thePage);
         return;
     }
-    thePage.TagStart = FindLastText(frmLists::RichTextBox2.Text, "<", thePage.Pos, false);
-    thePage.TagEnd = FindText(thePage.Pos, frmLists::RichTextBox2.Text, ">");
-    const std::int16_t linkKind = isLinkInternal(linkBackslashed, thePage.Tag);
+    if (thePage.IsRebased)
+        thePage.Link = thePage.RebasedLink;
+    const Text linkBackslashed = ReplaceText(thePage.Link, "/", "\\");
+    thePage.TagEnd = thePage.Reader.TagEnd();
+    // A rebased link has changed its tag. For any other link the reader has found no trash in the tag.
+    if (thePage.IsRebased && thePage.Reader.IsTrashWith(thePage.Link))
+        return;
+    // So no tag needs to be passed.
+    const std::int16_t linkKind = isLinkInternal(linkBackslashed, "");
     if (linkKind == 1)
         TreatExternalLink(thePage);
     if (linkKind != -1)
@@ -173,12 +196,13 @@ void do_the_file(const Text &theFile)
     OldPageChunk = "";
     NewPageChunk = "";
 
-    PageInHand page{.File = theFile, .Tag = {}, .Link = {}, .RebasedLink = {}};
+    PageInHand page{.File = theFile, .Link = {}, .RebasedLink = {}};
     for (;;) {
         DoEvents();
         if (CancelRequested)
             return;
         page.Pos = FindText(page.Pos, frmLists::RichTextBox2.Text, "href");
+        LinkInHand = page.Pos;
         if (page.Pos == 0)
             break;
         TreatLink(page);

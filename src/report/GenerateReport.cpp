@@ -40,12 +40,12 @@ static void FillIn(const Text &theMarker, const Text &theValue)
 }
 
 // Deliberate: a page whose step is skipped stays as an earlier run left it, and nothing links to it.
-static void ReplaceResult(const Text &thePage)
+static void ReplaceResult(const Text &thePage, const Text &theMarker = "", const TableRows &theRows = {})
 {
     const Text result = InStoreDir(thePage + ".html");
     if (ifFileExists(result))
         Files::Delete(result);
-    WriteTheReport(thePage, rtbReport);
+    WriteTheReport(thePage, rtbReport, theMarker, theRows);
 }
 
 static Text DetailsLink(const Text &thePage)
@@ -72,9 +72,8 @@ static void MakeLinksPage(const Text &LinkType, const Text &thePage, const Text 
         return;
     }
     LoadTemplate(thePage);
-    const Text rows = TabulateLinks(LinkType);
-    FillIn(theMarker, rows);
-    ReplaceResult(thePage);
+    const TableRows rows = TabulateLinks(LinkType);
+    ReplaceResult(thePage, theMarker, rows);
 }
 
 static Text MediaRow(int theRow)
@@ -181,13 +180,24 @@ void GenerateReport()
     ReportFinished = true;
 }
 
-Flag WriteTheReport(const Text &theFile, const TextHolder &theRTB)
+Flag WriteTheReport(const Text &theFile, const TextHolder &theRTB, const Text &theMarker, const TableRows &theRows)
 {
     Flag Result = True;
     Trap([&] {
         const Text store = InStoreDir("");
         if (ifDirExists(store)) {
-            PrintToFile(store + theFile + ".html", theRTB.Text);
+            const std::string_view text = theRTB.Text.Get();
+            Files::Write(store + theFile + ".html", [&](const auto &theSink) {
+                std::size_t from = 0;
+                if (theRows)
+                    for (std::size_t at; (at = text.find(theMarker, from)) != Text::npos;
+                         from = at + theMarker.size()) {
+                        theSink(text.substr(from, at - from));
+                        theRows(theSink);
+                    }
+                theSink(text.substr(from));
+                theSink(CRLF);
+            });
             return;
         }
         LogMessageLines({"", "The project storage directory couldn't be found for project #" + ProjectNumber + ".",

@@ -4,6 +4,7 @@
 #include "core/Trap.h"
 #include "core/Utils.h"
 #include "core/frmLists.h"
+#include "disk/Files.h"
 #include "engine/temp.h"
 #include <algorithm>
 
@@ -64,10 +65,10 @@ Text TableRow(const std::vector<Text> &theCells)
 
 // Deliberate: if the file is missing, theBox keeps its text: a count of broken links without records shows the external
 // links.
-static void LoadRecords(const Text &theFile, TextHolder &theBox)
+static void LoadRecords(const Text &theFile, std::shared_ptr<const Text> &theBox)
 {
     if (ifFileExists(theFile))
-        LoadFileIntoBox(theFile, theBox);
+        theBox = std::make_shared<const Text>(Files::Read(theFile));
     else  // Deliberate: the same words for all four files.
         LogMessageLines({"",
             "The file containing the names of the files containing your site's external links couldn't "
@@ -85,33 +86,44 @@ static Text EscapeTag(const Text &theTag)
     return ReplaceText(Result, "'", "&acute;");
 }
 
-Text TabulateLinks(Text LinkType)
+TableRows TabulateLinks(Text LinkType)
 {
-    Text Result;
+    struct Page {
+        Text Path;
+        std::int16_t Links;
+    };
+    std::vector<Page> pages;
+    std::shared_ptr<const Text> links;
     Trap([&] {
         LoadRecords(InStoreDir(LinkType + "LinksFiles.sav"), frmLists::rtbReportTemp);
         LoadRecords(InStoreDir(LinkType + "LinksLinks.sav"), frmLists::rtbReportTemp2);
-        // Copies, because a second report that starts during a yield fills the boxes again.
-        const Text files = frmLists::rtbReportTemp.Text, links = frmLists::rtbReportTemp2.Text;
-        std::int32_t filesPos = 1, linksPos = 1;
-        for (;;) {
+        // Kept here, because a second report that starts during a yield fills the boxes again.
+        const std::shared_ptr<const Text> files = frmLists::rtbReportTemp;
+        links = frmLists::rtbReportTemp2;
+        for (std::int32_t filesPos = 1;;) {
             DoEvents();
-            const Text page = GetLineFromText(filesPos, files, 0);
+            Text page = GetLineFromText(filesPos, *files, 0);
             if (page.empty())
                 break;
-            if (filesPos != 1)
-                Result += Text("<TR><TD>&nbsp;</TD></TR>") + CRLF;
-            Result += TableRow({page});  // Deliberate: not escaped.
-            const std::int16_t linkCount = GetRepeatingLines(filesPos, files, page);
-            for (int i = 1; i <= linkCount; ++i) {
+            const std::int16_t linkCount = GetRepeatingLines(filesPos, *files, page);
+            for (int i = 1; i <= linkCount; ++i)
                 DoEvents();
-                // Deliberate: the tag gets a line end of its own, so an empty line follows it.
-                const Text tag = EscapeTag(GetLineFromText(linksPos, links, 1) + CRLF);
-                Result += TableRow({"&nbsp;&nbsp;&nbsp;&nbsp;&nbsp;" + tag});
-            }
+            pages.push_back({std::move(page), linkCount});
         }
     });
-    return Result;
+    return [links, pages = std::move(pages)](const auto &theSink) {
+        std::int32_t linksPos = 1;
+        for (const Page &page : pages) {
+            if (&page != &pages.front())
+                theSink(Text("<TR><TD>&nbsp;</TD></TR>") + CRLF);
+            theSink(TableRow({page.Path}));  // Deliberate: not escaped.
+            for (int i = 1; i <= page.Links; ++i) {
+                // Deliberate: the tag gets a line end of its own, so an empty line follows it.
+                const Text tag = EscapeTag(GetLineFromText(linksPos, *links, 1) + CRLF);
+                theSink(TableRow({"&nbsp;&nbsp;&nbsp;&nbsp;&nbsp;" + tag}));
+            }
+        }
+    };
 }
 
 std::int16_t isLinkMedia(const Text &theLink)

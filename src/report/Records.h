@@ -2,10 +2,14 @@
 // "[]" and CR LF; record k of a Files text and record k of its Links text describe the same link.
 #pragma once
 #include "base/Text.h"
+#include <functional>
 #include <vector>
 
-// The table rows of a report page for LinkType "External" or "Broken"; empty if there are no records. Yields.
-Text TabulateLinks(Text LinkType);
+// Hands the rows of a table over, one after the other. Together they may take more memory than there is.
+using TableRows = std::function<void(const std::function<void(const Text &)> &)>;
+// The table rows of a report page for LinkType "External" or "Broken"; none if there are no records. Yields, but what
+// it returns doesn't.
+TableRows TabulateLinks(Text LinkType);
 // The payload that begins at thePos; empty if no "[]" follows. With doIncrement 1 thePos moves to the next record.
 Text GetLineFromText(std::int32_t &thePos, const Text &theText, std::int16_t doIncrement);
 // Counts the consecutive records from posStart that hold exactly theLine, and moves posStart past them. Yields at each

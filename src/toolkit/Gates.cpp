@@ -96,6 +96,12 @@ RuntimeFailure FailureOf(const std::exception &theException)
     return {isMemory ? "not enough memory" : theException.what(), "the program"};
 }
 
+void EndByException(const std::exception &theException)
+{
+    if (!hasEnded)
+        EndByFailure(FailureOf(theException));
+}
+
 void ThrowPending()
 {
     if (pending)

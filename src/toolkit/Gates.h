@@ -40,6 +40,8 @@ bool ProgramEnded();
 // Counts the user's actions. What happens during an action, a whole run for instance, doesn't count by itself.
 unsigned long ActionsDone();
 
+// Ends the program because of an exception that has happened outside the gates, in the presentation.
+void EndByException(const std::exception &theException);
 // What a user is told of an exception of the standard library, such as one for want of memory.
 RuntimeFailure FailureOf(const std::exception &theException);
 

@@ -35,7 +35,7 @@ TextBox txtKeywordsPerFilename{Me, "txtKeywordsPerFilename",
     {.At = {24, 106, 92, 26}, .Caption = "3", .AccessibleName = "Number of keywords per file name"}};
 Label lblDesc{Me, "lblDesc", {.At = {204, 62, 336, 290}}};
 HelpTopic hlpTitle{
-    Me, "hlpTitle", {554, 60}, "Keywords Per Filename", Description("451534-rates-refinance-mortgage.htm")};
+    Me, "hlpTitle", {124, 108}, "Keywords Per Filename", Description("451534-rates-refinance-mortgage.htm")};
 Image btnBack{
     Me, "btnBack", {.At = {24, 372, 92, 34}, .AccessibleName = "Back", .As = Role::Back, .Click = btnBack_Click}};
 Image btnNext{

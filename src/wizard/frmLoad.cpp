@@ -20,10 +20,10 @@ void Form_Load(), lstProjNames_DblClick(), btnBack_Click(), btnRemove_Click(), C
 
 Form Me{"frmLoad", {.Load = Form_Load}};
 Label Label1{Me, "Label1", {.At = {24, 12, 380, 24}, .Caption = "Load a Saved Project", .Style = TextStyle::Title}};
-Label Label3{Me, "Label3", {.At = {24, 62, 500, 20}, .Caption = "Here are your available saved projects"}};
+Label Label3{Me, "Label3", {.At = {24, 60, 270, 20}, .Caption = "Here are your available saved projects"}};
 ListBox lstProjNames{Me, "lstProjNames",
-    {.At = {24, 88, 520, 264}, .AccessibleName = "Your available saved projects", .DblClick = lstProjNames_DblClick}};
-HelpTopic hlpList{Me, "hlpList", {554, 88}, "Project List",
+    {.At = {24, 88, 552, 264}, .AccessibleName = "Your available saved projects", .DblClick = lstProjNames_DblClick}};
+HelpTopic hlpList{Me, "hlpList", {302, 59}, "Project List",
     "This is a master list of all the projects you have created to date.  Click on the one you'd like to work with and "
     "press Next, or simply double-click it.  I'll fill in the screens that follow with what you saved.  Two projects "
     "may have the same name; each has a number and files of its own.  Please don't delete a project's folders by hand: "

@@ -22,7 +22,7 @@ Label Label1{Me, "Label1",
     {.At = {136, 118, 400, 20},
         .Caption = "Boost your site's size, relevance, and ranking!",
         .Click = btnFerncastle_Click}};
-HelpTopic hlpFerncastle{Me, "hlpFerncastle", {554, 101}, "Ferncastle",
+HelpTopic hlpFerncastle{Me, "hlpFerncastle", {404, 83}, "Ferncastle",
     "Click Ferncastle to launch the program and get your site beefed up and optimized!  I'll take you through it one "
     "screen at a time: you create a project or load one, show me where the local copy of your site is, and give me "
     "your keywords.  Then I build a bigger copy of your site in a folder of its own beside the program.  Your own "
@@ -30,10 +30,10 @@ HelpTopic hlpFerncastle{Me, "hlpFerncastle", {554, 101}, "Ferncastle",
 Image btnFAQ{
     Me, "btnFAQ", {.At = {18, 169, 100, 84}, .AccessibleName = "FAQ", .As = Role::Tile, .Click = btnFAQ_Click}};
 Label Label2{
-    Me, "Label2", {.At = {136, 186, 400, 22}, .Caption = "FAQ", .Style = TextStyle::SubTitle, .Click = btnFAQ_Click}};
+    Me, "Label2", {.At = {136, 186, 260, 22}, .Caption = "FAQ", .Style = TextStyle::SubTitle, .Click = btnFAQ_Click}};
 Label Label3{Me, "Label3",
     {.At = {136, 212, 400, 20}, .Caption = "Find answers to Frequently Asked Questions here.", .Click = btnFAQ_Click}};
-HelpTopic hlpFAQ{Me, "hlpFAQ", {554, 200}, "FAQ",
+HelpTopic hlpFAQ{Me, "hlpFAQ", {404, 186}, "FAQ",
     "Clicking this option will give you a list of the most Frequently Asked Questions regarding this software.  It "
     "opens the support site in a browser window, so you'll need to be connected to the internet.  This menu stays open "
     "behind it, and you can close the browser and come straight back whenever you've read enough.  If your question "
@@ -41,12 +41,12 @@ HelpTopic hlpFAQ{Me, "hlpFAQ", {554, 200}, "FAQ",
 Image btnContact{Me, "btnContact",
     {.At = {18, 269, 100, 84}, .AccessibleName = "Support", .As = Role::Tile, .Click = btnContact_Click}};
 Label Label4{Me, "Label4",
-    {.At = {136, 280, 400, 22}, .Caption = "Support", .Style = TextStyle::SubTitle, .Click = btnContact_Click}};
+    {.At = {136, 280, 260, 22}, .Caption = "Support", .Style = TextStyle::SubTitle, .Click = btnContact_Click}};
 Label Label5{Me, "Label5",
     {.At = {136, 306, 400, 38},
         .Caption = "Need a hand?  Come talk to me or find out more about the software.",
         .Click = btnContact_Click}};
-HelpTopic hlpContact{Me, "hlpContact", {554, 300}, "Support / Contact",
+HelpTopic hlpContact{Me, "hlpContact", {404, 280}, "Support / Contact",
     "This is here in case you need help or need to contact the maker of Ferncastle.  It opens the contact page of the "
     "support site in a browser window, and this menu waits behind it.  When you write to me, please tell me which "
     "screen you were on, what you clicked and what happened then.  That way I can help you a lot faster."};

@@ -69,6 +69,7 @@ TEST_F(FileServices, ListsAreLoadedAndSaved)
     }
     list.AddItem("by hand");
     EXPECT_EQ(LoadListFromFile("lst", "w", list) + list.ListCount(), 2) << "a list changed by hand is filled again";
+    EXPECT_EQ(LoadListFromFile("lst", "w", list) + list.ListCount(), 2) << "neither has changed";
     Text many;
     for (int i = 0; i < 30005; ++i)
         many += std::to_string(i) + CRLF;
@@ -100,13 +101,13 @@ TEST_F(FileServices, FilesAreCopied)
     EXPECT_EQ(CopyFile("x:\\gone.htm", InStoreDir("a.htm")) + CopyFile("x:\\", InStoreDir("a.htm")), 2);
     PutAt(program / "0001" / "B.htm", "longer than the new one");
     EXPECT_EQ(CopyFile("X:\\A.HTM", InStoreDir("d\\b.htm")) + CopyFile("x:\\a.htm", InProgramDir("0001\\b.HTM")), 0);
-    EXPECT_TRUE(front.Boxes.empty() && BrokenLinksTally == 7 && !frmProcess::Me.Loaded) << "the label does not change";
+    EXPECT_ALL(front.Boxes.empty(), BrokenLinksTally == 7, !frmProcess::Me.Loaded) << "the label does not change";
     EXPECT_EQ(Now("0001_store/d/b.htm") + OnDisk("0001/B.htm") + OnDisk("0001/b.HTM"), "newnew(none)");
     for (const Text &target : {InStoreDir("readme"), InStoreDir("d"), InProgramDir("domains.lst"), Text("q:\\b.htm")}) {
         EXPECT_EQ(CopyFile("x:\\a.htm", target), 1) << target;
         EXPECT_EQ(front.Boxes.back(),
             "Unable to copy file:\r\nx:\\a.htm\r\nto file:\r\n" + target + "\r\n\r\nCopyFile.FileHandle\r\n");
     }
-    EXPECT_TRUE(front.Boxes.size() == 4 && fs::is_directory(program / "0001_store/readme"))
+    EXPECT_ALL(front.Boxes.size() == 4, fs::is_directory(program / "0001_store/readme"))
         << "a name without a dot counts as a directory";
 }

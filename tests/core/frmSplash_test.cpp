@@ -30,8 +30,8 @@ TEST_F(Splash, FillsTheGlobalsAndLists)
     EXPECT_EQ(The<Label>(frmSplash::Me, "Label1").Caption, "Version 1.0.7B")
         << "the first use of a control loads the screen";
     EXPECT_EQ(AppTitle + ProjectNumber, "Ferncastleof before");
-    EXPECT_FALSE(HelpBoxOpen || UsingQuillmark || ReportFinished || DevMode);
-    EXPECT_TRUE(HelpBoxClosed && ExitConfirmNeeded && FormWidth == 600 && FormHeight == 435);
+    EXPECT_NONE(HelpBoxOpen, UsingQuillmark, ReportFinished, DevMode);
+    EXPECT_ALL(HelpBoxClosed, ExitConfirmNeeded, FormWidth == 600, FormHeight == 435);
     EXPECT_EQ(frmLists::ListLinkTrash.ListCount(), 0) << "a missing file gives an empty list";
     EXPECT_EQ(frmLists::lstMediaExtensions.Rows(), (Rows{"jpg", "---"}))
         << "a last row without a line end does not count";
@@ -49,5 +49,5 @@ TEST_F(Splash, ShowWelcomeIsReadAsAFlag)
             EXPECT_EQ(Start(value), screen) << "\"" << value << "\"";
     std::filesystem::remove(program / "imgs" / "bg_splash.jpg");
     EXPECT_EQ(Start("1"), "frmMenu") << "even without its picture";
-    EXPECT_TRUE(front.Boxes.empty() && front.Failures.empty());
+    EXPECT_ALL(front.Boxes.empty(), front.Failures.empty());
 }

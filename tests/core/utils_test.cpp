@@ -13,7 +13,7 @@ TEST_F(Utils, TextsAreStrippedReplacedCountedAndClosedUp)
         {"abxab", "ab", "xab", "abx"}, {"WWW.a", "www.", "WWW.a", "WWW.a"}, {"a", "abc", "a", "a"}, {"", "a", "", ""}};
     for (const auto &[text, sub, fromFront, fromEnd] : ends) {
         EXPECT_EQ(StripFromEnds(text, sub, 1), fromFront) << text;
-        EXPECT_TRUE(StripFromEnds(text, sub, 0) == fromEnd && StripFromEnds(text, sub, True) == fromEnd) << text;
+        EXPECT_ALL(StripFromEnds(text, sub, 0) == fromEnd, StripFromEnds(text, sub, True) == fromEnd) << text;
     }
     EXPECT_EQ(ReplaceText("aaa", "aa", "b") + ReplaceText("abc", "B", "x") + ReplaceText("aX", "X", "XX"), "baabcaXX");
     for (const auto &[path, parent] : Rows{{"a\\b\\", "a"}, {"a\\b", "a"}, {"a", "0"}, {"a\\", "0"}, {"", "0"},
@@ -23,9 +23,8 @@ TEST_F(Utils, TextsAreStrippedReplacedCountedAndClosedUp)
     for (const auto &[before, after] :
         Rows{{"a href = x", "a href=x"}, {"a  =  b", "a = b"}, {" = = ", "=="}, {"", ""}})
         EXPECT_EQ(CloseUpEquals(before), after) << before;
-    EXPECT_TRUE(CountInString("..\\..\\x", "..\\") == 2 && CountInString("aAaA", "aa") == 3);
-    EXPECT_TRUE(CountInString(Text(32767, 'a'), "a") == 32767 && CountInString(Text(32768, 'a'), "a") == 0)
-        << "16 bits";
+    EXPECT_ALL(CountInString("..\\..\\x", "..\\") == 2, CountInString("aAaA", "aa") == 3);
+    EXPECT_ALL(CountInString(Text(32767, 'a'), "a") == 32767, CountInString(Text(32768, 'a'), "a") == 0) << "16 bits";
     ShowMessageLines({"a", ""});
     LogMessageLines({"a"});
     EXPECT_EQ(front.Boxes, std::vector<Text>{"a\r\n\r\n"});

@@ -76,7 +76,7 @@ TEST(Pictures, TemplatesHoldTheirMarkers)
         "<!--LinksBrokenDetails--> <!--LinksExternalDetails--> <!--MediaDetails--> "
         "report_linksexternal_template.html <!--|||***ExternalLinks***|||--> "
         "report_linksbroken_template.html <!--|||***BrokenLinks***|||--> "
-        "report_media_template.html <!--|||***MediaContent***|||-->");
+        "report_media_template.html <!--|||***MediaContent***|||--> share/support.html <*why*>");
     std::string page;
     for (std::string token; markers >> token;) {
         if (token.front() == '<') {
@@ -86,6 +86,9 @@ TEST(Pictures, TemplatesHoldTheirMarkers)
             page = readData(token);
             for (const char c : page)
                 EXPECT_TRUE((c >= ' ' && c <= '~') || c == '\n' || c == '\r') << token << " holds " << int{c};
+            // From a project's store directory, "../" leads to the program directory.
+            for (std::size_t at = 0; (at = page.find("=\"../", at)) != std::string::npos; ++at)
+                EXPECT_NE(readData(page.substr(at + 5, page.find('"', at + 5) - at - 5)), "") << token << ' ' << at;
         }
     }
 }

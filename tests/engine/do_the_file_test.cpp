@@ -46,6 +46,8 @@ TEST_F(Page, LinksComeOutAsTheyWereWritten)
     EXPECT_EQ(NewPage("sub/the page.htm"), "<a href=\"../NEW.htm\">up\r\n");
     EXPECT_EQ(OnDisk("site on x/sub/the page.htm"), "<a href=\"../page.htm\">up") << "the site is not changed";
     EXPECT_EQ(Files::FilesIn("x:\\")->size(), 2u);
+    do_the_file("gone.htm");
+    EXPECT_EQ(front.Boxes, std::vector<Text>{"File \"gone.htm\" does not exist - do_the_file.ParseHTML"});
 }
 
 TEST_F(Page, CountsAndRecordsFollowEachLink)

@@ -13,7 +13,7 @@ TEST_F(RunScreen, CancelEndsAPauseAndTheWalk)
             Click(frmProcess::Me, "btnPause");
         if (yields == 9) {
             EXPECT_TRUE(The<Image>(frmProcess::Me, "btnResume").Visible);
-            EXPECT_FALSE(Click(frmProcess::Me, "btnPause") || UserClose(frmProcess::Me));
+            EXPECT_NONE(Click(frmProcess::Me, "btnPause"), UserClose(frmProcess::Me));
             Click(frmProcess::Me, "btnCancel");
         }
     };

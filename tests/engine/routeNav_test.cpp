@@ -4,13 +4,10 @@
 
 using Route = SiteRun;
 
-TEST_F(Route, RoutingKeepsAFileThatCannotBeRead)
+TEST_F(Route, OnlyDoubleQuotedLinksAreRouted)
 {
     PutAt(program / "0001" / "a" / "b.htm", "<IMG SRC=\"site.test/X\"><A HREF=\"/\"><A HREF='/x'>\"/IMGS/y\">>");
     TakePage(InProgramDir("0001"));
     RouteNav();
     EXPECT_EQ(OnDisk("0001/a/b.htm"), "<img src=\"../x\"><a href=\"../\"><a href='/x'>\"../imgs/y\">>\r\n");
-    std::filesystem::create_directory(program / "0001" / "c.htm");
-    RouteTheFile(InProgramDir("0001\\c.htm"));
-    EXPECT_EQ(front.Boxes.size(), 0u) << "the failure shows no message";
 }

@@ -10,7 +10,7 @@ TEST(RowFinder, FindsWhatAPlainSearchFinds)
     const auto textOf = [&](std::size_t theLength) {
         Text Result;
         while (Result.size() < theLength)
-            Result += "ab.\\\xE9\0"[random() % 5];
+            Result += "ab.\\\xE9\0"[random() % 6];
         return Result;
     };
     ListBox &list = frmLists::ListLinkTrash;
@@ -32,7 +32,7 @@ TEST(RowFinder, TakesChangesOfTheListAndEmptyRows)
     ListBox &list = frmLists::ListDomainExtensions;
     RowFinder finder(list);
     list.SetRows({"x", ".com"});
-    EXPECT_TRUE(finder.AnyRowIn("ends in x") && finder.AnyRowIn("a.com") && !finder.AnyRowIn("a.co"));
+    EXPECT_ALL(finder.AnyRowIn("ends in x"), finder.AnyRowIn("a.com"), !finder.AnyRowIn("a.co"));
     list.SetRows({});
     EXPECT_FALSE(finder.AnyRowIn("x"));
     list.AddItem("");

@@ -1,5 +1,7 @@
 // Which files a run treats or copies, and where it stops.
 #include "SiteRun.h"
+#include "engine/RouteNav.h"
+#include "engine/SiteWalk.h"
 
 using Walk = SiteRun;
 
@@ -20,20 +22,21 @@ TEST_F(Walk, WalksTheSiteAndFillsTheProject)
     EXPECT_EQ(NewFiles("b"), "pic.JPG");
     EXPECT_EQ(OnDisk("0001_store/BrokenLinksFiles.sav"), "(none)");
     EXPECT_EQ(frmLists::lstMediaFilesCnt.Rows(), (std::vector<Text>{"1", "0"}));
-    EXPECT_TRUE(ReportFinished && front.Failures.empty());
+    EXPECT_ALL(ReportFinished, front.Failures.empty());
     EXPECT_FALSE(frmProcess::Me.Loaded);
 }
 
 TEST_F(Walk, OptionsAreReadAfreshDuringTheRun)
 {
-    Put("A.gif", "GIF");
-    Put("b.htm", "<P>");
-    Put("c/d.htm", "<P>");
-    frmProcess::Me.Show();
-    Click(frmProcess::Me, "optSubdirs");
-    Click(frmProcess::Me, "optUseFilters");
-    TimerTick(The<Timer>(frmProcess::Me, "Timer1"));
-    EXPECT_EQ(OnDisk("0001/A.gif"), "gif\r\n\r\n") << "treated as a page by the walk and by the route pass";
+    for (const char *file : {"A.gif", "b.gif", "c/d.htm"})
+        Put(file, "GIF");
+    front.AtYield = [] {
+        static_cast<TestFront &>(ThePresentation()).AtYield = nullptr;
+        EXPECT_ALL(Click(frmProcess::Me, "optSubdirs"), Click(frmProcess::Me, "optUseFilters"));
+    };
+    RunSite();
+    EXPECT_EQ(OnDisk("0001/A.gif"), "gif\r\n") << "copied before the clicks, then treated as a page by the route pass";
+    EXPECT_EQ(OnDisk("0001/b.gif"), "gif\r\n\r\n") << "treated as a page by both";
     EXPECT_FALSE(std::filesystem::exists(program / "0001" / "c"));
 }
 
@@ -60,16 +63,25 @@ TEST_F(Walk, ALinkIntoItsOwnProjectStopsTheWalk)
     EXPECT_EQ(OnDisk("0001/a/b.htm"), "<p>\r\n");
 }
 
-TEST_F(Walk, ADirectoryOfTooManyFilesFailsBeforeItsFirst)
+TEST_F(Walk, ADirectoryOfTooManyFilesOrDirectoriesFailsBeforeItsFirst)
 {
-    std::filesystem::create_directories(site / "many");
-    for (int i = 0; i < 32768; ++i)
-        std::ofstream(site / "many" / std::to_string(i));
+    // Hard links are made fastest.
+    Put("many/0", "");
+    std::filesystem::create_directory(site / "crowd");
+    std::filesystem::create_directory_symlink(program / "imgs", site / "crowd" / "0");
+    for (const char *dir : {"many", "crowd"})
+        for (int i = 1; i < 32768; ++i)
+            std::filesystem::create_hard_link(site / dir / "0", site / dir / std::to_string(i));
     Put("a.txt", "treated");
     RunSite();
     ASSERT_EQ(front.Failures.size(), 1u);
     EXPECT_EQ(OnDisk("0001/a.txt"), "treated");
-    EXPECT_FALSE(std::filesystem::exists(program / "0001" / "many"));
+    EXPECT_FALSE(std::filesystem::exists(program / "0001" / "crowd"));
+    for (const char *dir : {"x:\\many", "x:\\crowd"}) {
+        TakePage(dir);
+        EXPECT_THROW(SiteWalk(), RuntimeFailure) << dir;
+        EXPECT_THROW(RouteNav(), RuntimeFailure) << dir;
+    }
 }
 
 TEST_F(Walk, BytesPassThroughUnchanged)

@@ -30,7 +30,7 @@ TEST_F(NewPages, NamesAreMadeOfNumberWordsAndExtension)
     for (int i = 0; i < 200; ++i) {
         const Text name = MakeKeywordedFileName("a.b.html");
         EXPECT_TRUE(std::regex_match(name, std::regex("[0-9]{6}(-(rate|rates|Low Rate|fern)){2}\\.html"))) << name;
-        EXPECT_FALSE(Contains(name, "rates-rate") || Contains(name, "Low Rate-rate.")) << name;
+        EXPECT_NONE(Contains(name, "rates-rate"), Contains(name, "Low Rate-rate.")) << name;
     }
     EXPECT_TRUE(std::regex_match(MakeKeywordedFileName("readme"), std::regex("[0-9]{6}(-[A-Za-z ]+){2}readme")));
     KeywordsPerFilename = 9;
@@ -46,7 +46,7 @@ TEST_F(NewPages, NamesAreMadeOfNumberWordsAndExtension)
     KeywordsPerFilename = 2;
     frmLists::lstKeywords.SetRows({"FERN", "one"});
     const Text name = MakeKeywordedFileName("page.htm");
-    EXPECT_TRUE(Contains(name, "-moss") && Contains(name, "-One") && !Contains(name, "fern"))
+    EXPECT_ALL(Contains(name, "-moss"), Contains(name, "-One"), !Contains(name, "fern"))
         << "the word itself is not lower-cased";
 }
 

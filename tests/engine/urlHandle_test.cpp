@@ -91,6 +91,8 @@ TEST_F(Links, ValuesAreReadByPosition)
     EXPECT_EQ(GetLinkFromTag("<a class=b>"), "class=b") << "without href the reading starts at the fourth character";
     EXPECT_EQ(GetLinkFromTag("<a href=open"), "") << "the count of an unquoted value overflows";
     EXPECT_EQ(SwapLinkInTag("<a href=\"\">", "new", ""), "new<a href=\"\">");
+    EXPECT_EQ(isLinkInternal("/a\\b", "<a>") + isLinkInternal("/a/b", "<a>"), -2);
+    EXPECT_EQ(front.Boxes.size(), 1u) << "only for slashes of both kinds";
     EXPECT_EQ(StripSiteHead("http://http://site.test/", 1), "http://http://site.test/");
     EXPECT_EQ(StripSiteHead("http://www.a.b/?q#r", 0) + StripSiteHead("x?q", 1), "a.b/x?q");
 

@@ -75,7 +75,7 @@ TEST_F(ReportTest, FillsThePagesAndRoutesTheSite)
     using namespace frmGeneratingReport;
     for (const Image *tick : {&chkboxLinksExt, &chkboxLinksBrk, &chkboxMediaReport, &chkboxStatGen, &chkboxRouteNav})
         EXPECT_EQ(tick->Now.Picture, InProgramDir("imgs\\chkboxDone.jpg")) << tick->Name;
-    EXPECT_TRUE(ReportFinished && frmProcess::Timer2.Enabled && Me.Visible);
+    EXPECT_ALL(ReportFinished, frmProcess::Timer2.Enabled, Me.Visible);
 }
 
 TEST_F(ReportTest, GoesOnWithTemplatesRecordsAndIndexFileMissing)
@@ -84,7 +84,7 @@ TEST_F(ReportTest, GoesOnWithTemplatesRecordsAndIndexFileMissing)
                                 "<!--lblNewSite-->|<!--lblKeywordsAddedCntHalf-->");
     Put("report_linksbroken_template.html", "B<!--|||***BrokenLinks***|||-->b");
     Put("0007_store/BrokenLinksFiles.sav", "p[]\r\n");
-    frmLists::rtbReportTemp2.Text = "<old>[]\r\n";  // left over from the external links
+    frmLists::rtbReportTemp2 = std::make_shared<const Text>("<old>[]\r\n");  // left over from the external links
     frmProcess::lblLinksExternalCnt.Caption = "2";
     frmProcess::lblLinksBrokenCnt.Caption = "1";
     frmProcess::lblKeywordsAdded.Caption = "8";
@@ -106,8 +106,8 @@ TEST_F(ReportTest, AFailureStopsAtTheTrapOfItsCaller)
     std::filesystem::remove(program / "imgs/chkboxDone.jpg");
     EXPECT_THROW(GenerateReport(), RuntimeFailure);
     frmProcess::btnReport_Click();
-    EXPECT_FALSE(ReportFinished || frmReport::Me.Loaded);
-    EXPECT_TRUE(frmGeneratingReport::Me.Visible && frmProcess::Me.Loaded);
+    EXPECT_NONE(ReportFinished, frmReport::Me.Loaded);
+    EXPECT_ALL(frmGeneratingReport::Me.Visible, frmProcess::Me.Loaded);
     EXPECT_FALSE(UserClose(frmGeneratingReport::Me));
     EXPECT_FALSE(ifFileExists(InStoreDir("report.html")));
 }
@@ -141,6 +141,6 @@ TEST_F(ReportTest, TheBrowserScreensSizeTheirControls)
     frmHelp::Me.Unload();
     frmReport::Me.Unload();
     frmHelp::Me.Show();
-    EXPECT_TRUE(frmReport::Me.Loaded && !frmReport::Me.Visible);
+    EXPECT_ALL(frmReport::Me.Loaded, !frmReport::Me.Visible);
     EXPECT_DOUBLE_EQ(frmHelp::FinalReportBrowser.Now.At.Height, 740 - 117 - 24);
 }

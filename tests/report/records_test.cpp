@@ -9,9 +9,11 @@ namespace
 // There are no record files here, so the rows are made from what the boxes hold.
 Text Tabulated(const Text &theFiles, const Text &theLinks)
 {
-    frmLists::rtbReportTemp.Text = theFiles;
-    frmLists::rtbReportTemp2.Text = theLinks;
-    return TabulateLinks("External");
+    frmLists::rtbReportTemp = std::make_shared<const Text>(theFiles);
+    frmLists::rtbReportTemp2 = std::make_shared<const Text>(theLinks);
+    Text Result;
+    TabulateLinks("External")([&](const Text &row) { Result += row; });
+    return Result;
 }
 
 Text PageRow(const Text &thePage)

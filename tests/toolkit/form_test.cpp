@@ -81,15 +81,15 @@ TEST_F(Screens, ComeIntoBeingWhenTouchedAndForgetWhenClosed)
     lstTried.ListIndex = 0;
     Dir1.Path = File1.Path = "x:\\";
     Me.Unload();
-    EXPECT_FALSE(Me.Loaded || Me.Visible || Me.CloseRefused || chkTried.Now.Ticked || tmrTried.Now.Enabled);
-    EXPECT_TRUE(Me.Now.Width == 600 && lblTried.Now.Visible && btnJob.Now.Enabled && lstTried.NowRows.empty());
+    EXPECT_NONE(Me.Loaded, Me.Visible, Me.CloseRefused, chkTried.Now.Ticked, tmrTried.Now.Enabled);
+    EXPECT_ALL(Me.Now.Width == 600, lblTried.Now.Visible, btnJob.Now.Enabled, lstTried.NowRows.empty());
     EXPECT_EQ(lblTried.Now.Caption + txtTried.Now.Caption + Dir1.NowPath, "Design");
     atLoad = [] { Me.Show(); };
-    EXPECT_TRUE(File1.ListCount() == 0 && Me.Visible);
+    EXPECT_ALL(File1.ListCount() == 0, Me.Visible);
     Me.Unload();
     atLoad = [] { Me.Unload(); };
     Me.Show();
-    EXPECT_FALSE(Me.Loaded || Me.Visible) << "a load may close its own screen";
+    EXPECT_NONE(Me.Loaded, Me.Visible) << "a load may close its own screen";
 }
 
 TEST_F(Screens, AssigningRaisesWhatTheTableSays)
@@ -116,7 +116,7 @@ TEST_F(Screens, ListsHoldRowsAndFiles)
     lstTried.ListIndex = 2;
     lstTried.SetList(3, "d");
     lstTried.RemoveItem(1);
-    EXPECT_TRUE(lstTried.Rows() == (std::vector<Text>{"a", "c", "d"}) && lstTried.ListIndex == 1);
+    EXPECT_ALL(lstTried.Rows() == (std::vector<Text>{"a", "c", "d"}), lstTried.ListIndex == 1);
     lstTried.RemoveItem(1);
     EXPECT_EQ(lstTried.ListIndex, -1) << "gone with its row";
     const auto revision = lstTried.Revision();
@@ -129,32 +129,42 @@ TEST_F(Screens, ListsHoldRowsAndFiles)
     EXPECT_EQ(lstTried.List(1) + lstTried.List(2) + lstTried.List(-1), "d");
     File1.Path = "x:\\";
     EXPECT_EQ(File1.List(0) + File1.List(1) + File1.List(2) + File1.List(-1), "A.txtb.htm");
+    Put("d/e/c.htm");
+    Me.Show();
+    const std::vector<std::tuple<Text, int, Text>> rows = {{"x:\\d", 0, "x:\\d\\e"}, {"x:\\d", 1, ""},
+        {"x:\\d", -1, "x:\\d"}, {"x:\\d", -2, "x:\\"}, {"x:\\d", -3, ""}, {"x:\\", 0, "x:\\d"}, {"x:\\", 1, ""},
+        {"x:\\", -1, "x:\\"}, {"x:\\", -2, ""}};
+    for (const auto &[directory, row, path] : rows) {
+        Dir1.Path = directory;
+        EXPECT_ALL(Dir1.List(row) == path, UserHighlight(Dir1, row) != path.empty()) << directory << row;
+        EXPECT_EQ(Dir1.ListIndex(), path.empty() ? -1 : row) << "only a row that is there is highlighted";
+    }
 }
 
 TEST_F(Screens, GatesRefuseWhatNoUserCouldDo)
 {
     const auto refused = [] { return !UserClick(btnJob) && !UserClick(optTried) && !UserClose(Me); };
-    EXPECT_TRUE(refused() && !TimerTick(tmrTried) && !Me.Loaded);
+    EXPECT_ALL(refused(), !TimerTick(tmrTried), !Me.Loaded);
     lstTried.AddItem("row");
-    EXPECT_TRUE(refused() && !UserSelect(lstTried, 0)) << "not showing";
+    EXPECT_ALL(refused(), !UserSelect(lstTried, 0)) << "not showing";
     Me.Show();
     Me.CloseRefused = true;
-    EXPECT_TRUE(UserClick(btnJob) && UserClick(optTried));
+    EXPECT_ALL(UserClick(btnJob), UserClick(optTried));
     btnJob.Visible = mnuTried.Enabled = false;
     EXPECT_TRUE(refused());
     btnJob.Visible = mnuTried.Enabled = true;
     btnJob.Enabled = mnuTried.Visible = false;
     EXPECT_TRUE(refused());
-    EXPECT_FALSE(UserDoubleClick(lstTried) || UserSelect(lstTried, 1) || UserSelect(lstTried, -1));
-    EXPECT_FALSE(UserGo(Dir1, "x:\\gone") || UserPick(Drive1, "q:") || TimerTick(tmrTried));
-    EXPECT_TRUE(UserSelect(lstTried, 0) && UserDoubleClick(lstTried) && UserClick(chkTried) && chkTried.Value);
+    EXPECT_NONE(UserDoubleClick(lstTried), UserSelect(lstTried, 1), UserSelect(lstTried, -1));
+    EXPECT_NONE(UserGo(Dir1, "x:\\gone"), UserPick(Drive1, "q:"), TimerTick(tmrTried));
+    EXPECT_ALL(UserSelect(lstTried, 0), UserDoubleClick(lstTried), UserClick(chkTried), chkTried.Value);
     for (const char key : {'a', 'x', 'y', '\r', '\xe4'})
         EXPECT_TRUE(UserKey(txtTried, key));
     EXPECT_EQ(txtTried.Text, "az\xe4");
     tmrTried.Enabled = true;
     job = DoEvents;
     front.AtYield = [] { EXPECT_FALSE(TimerTick(tmrTried)) << "a timer isn't entered again"; };
-    EXPECT_TRUE(TimerTick(tmrTried) && TimerTick(tmrTried));
+    EXPECT_ALL(TimerTick(tmrTried), TimerTick(tmrTried));
     EXPECT_EQ(Told(), "load job row double tick timer timer ");
     job = [] { Me.Unload(); };
     UserKey(txtTried, 'q');

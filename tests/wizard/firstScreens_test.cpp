@@ -39,23 +39,11 @@ TEST_F(FirstScreens, LowestFreeNumberIsTaken)
         MakeDir(name);
     Create("Ferns", "http://www.site.test//");
     EXPECT_EQ(ProjectNumber, "0002");
-    EXPECT_TRUE(frmDirectory::Me.Visible && !frmCreate::Me.Loaded);
+    EXPECT_ALL(frmDirectory::Me.Visible, !frmCreate::Me.Loaded);
     EXPECT_EQ(Files::Read(InStoreDir("0002.name")), "Ferns[]\r\n");
     EXPECT_EQ(Files::Read(InStoreDir("0002.dom")), "site.test[]\r\n");
     Create("Ferns", "site.test");
     EXPECT_EQ(ProjectNumber, "0004");
-}
-
-TEST_F(FirstScreens, NameAndDomainHoldBack)
-{
-    Create("", "site.test");
-    EXPECT_EQ(frmCreate::Me.Find<Label>("textHBHeading")->Caption, "Project Name");
-    Click(frmCreate::Me, "btnNext");
-    EXPECT_FALSE(HelpBoxOpen) << "a refusal shown twice slides its own box shut";
-    Create("Ferns", "");
-    EXPECT_EQ(frmCreate::Me.Find<Label>("textHBHeading")->Caption, "Domain Name");
-    EXPECT_TRUE(frmCreate::Me.Visible);
-    EXPECT_FALSE(fs::exists(program / "0001"));
 }
 
 TEST_F(FirstScreens, ListEndsAtGap)

@@ -1,12 +1,11 @@
-// The screens from the keywords to the summary, and the filters.
+// The screens from the keywords to the summary.
 #include "TestSite.h"
 #include "core/FileHandle.h"
 #include "core/frmSplash.h"
 #include "wizard/frmConfirm.h"
-#include "wizard/frmFilters.h"
 #include "wizard/frmKeywords.h"
 #include "wizard/frmKeywordsHowMany.h"
-#include <chrono>
+#include <ctime>
 
 namespace
 {
@@ -18,11 +17,6 @@ struct LastScreens : TestSite {
         std::filesystem::create_directories(program / "0001_store");
         frmSplash::Init_Vars();
         ProjectNumber = "0001";
-    }
-    static void Type(Form &theForm, const Text &theKeys)
-    {
-        for (const char key : theKeys)
-            UserKey(The<TextBox>(theForm, "Text1"), key);
     }
     static ListBox &Keywords() { return The<ListBox>(frmKeywords::Me, "lstKeywords"); }
     static Text Stored(const Text &theName) { return Files::Read(InStoreDir(theName)); }
@@ -61,31 +55,21 @@ TEST_F(LastScreens, LoadsKeywordFiles)
     EXPECT_FALSE(frmKeywords::Me.Loaded);
 }
 
-TEST_F(LastScreens, KeysOfTheKeywordBox)
-{
-    frmKeywords::Me.Show();
-    Type(frmKeywords::Me, "\rgood one\r");
-    EXPECT_EQ(Keywords().Rows(), Rows{"good one"});
-    Type(frmKeywords::Me, "a+");
-    EXPECT_EQ(The<TextBox>(frmKeywords::Me, "Text1").Text, "a+");
-    Type(frmKeywords::Me, "\r");
-    EXPECT_TRUE(HelpBoxOpen);  // a second slide would have closed it
-    EXPECT_EQ(front.Beeps, 2);
-    Click(frmKeywords::Me, "btn_AddKeyword");
-    EXPECT_EQ(Keywords().ListCount(), 1);
-}
-
 TEST_F(LastScreens, FiftyThousandKeywordsTakeNoTime)
 {
-    Text file;
-    for (int i = 0; i < 50000; ++i)
-        file += "keyword " + std::to_string(i * 7919 % 50000) + "\r\n";
-    Files::Write(InStoreDir("0001.key"), file);
-    const auto start = std::chrono::steady_clock::now();
-    frmKeywords::Me.Show();
-    Click(frmKeywords::Me, "btnNext");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
-    EXPECT_EQ(KeywordTotal, 50000);
+    std::clock_t took = 0;  // by a tenth as many
+    for (const int count : {5000, 50000}) {
+        Text file;
+        for (int i = 0; i < count; ++i)
+            file += "keyword " + std::to_string(i * 7919 % count) + "\r\n";
+        Files::Write(InStoreDir("0001.key"), file);
+        const std::clock_t start = std::clock();
+        frmKeywords::Me.Show();
+        Click(frmKeywords::Me, "btnNext");
+        EXPECT_TRUE(count == 5000 || std::clock() - start < 50 * took) << "not with the square of their number";
+        took = std::clock() - start;
+        EXPECT_EQ(KeywordTotal, count);
+    }
 }
 
 TEST_F(LastScreens, NumberIsWhatTheTextBeginsWith)
@@ -101,20 +85,4 @@ TEST_F(LastScreens, NumberIsWhatTheTextBeginsWith)
         frmKeywordsHowMany::Me.Show();
         EXPECT_EQ(box.Text, typed);
     }
-}
-
-TEST_F(LastScreens, FiltersAreAddedInTwoWaysAndSavedByDone)
-{
-    frmFilters::Me.Show();
-    Type(frmFilters::Me, "PHP");
-    Click(frmFilters::Me, "btnAddFilter");
-    Type(frmFilters::Me, "HTM\r");
-    Click(frmFilters::Me, "btnResetList");  // answered No
-    EXPECT_EQ(frmFilters::List1.Rows(), (Rows{"htm", "tml", "php", "HTM"}));
-    front.Answer = answerYes;
-    Click(frmFilters::Me, "btnClearList");
-    Click(frmFilters::Me, "btnDone");
-    EXPECT_EQ(Stored("filters.lst"), "\r\n");
-    frmFilters::Me.Show();
-    EXPECT_EQ(frmFilters::List1.Rows(), Rows{""});
 }
