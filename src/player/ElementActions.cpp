@@ -20,9 +20,20 @@ static Outcome Expect(bool isMet, const Text &theWhy)
     return isMet ? Outcome{} : Outcome{endExpectation, theWhy};
 }
 
+static Outcome ExpectSize(const Action &theAction, double theWidth, double theHeight)
+{
+    const Text size = NumberText(std::round(theWidth)) + "x" + NumberText(std::round(theHeight));
+    return Expect(size == theAction.Rest, "it is " + size);
+}
+
 static Outcome Unknown(const Element &theElement)
 {
     return {endScript, "no such action for a " + Text(theElement.Kind())};
+}
+
+static bool ShowsNothing(const Control &theControl)
+{
+    return dynamic_cast<const Image *>(&theControl) && theControl.Now.Picture.empty();
 }
 
 // What a user cannot see: a control beyond the right edge, as the help box is while it is in, an item of a hidden menu,
@@ -31,8 +42,7 @@ static bool IsSeen(const Control &theControl)
 {
     if (const auto *item = dynamic_cast<const MenuItem *>(&theControl); item && item->Menu && !item->Menu->Now.Visible)
         return false;
-    return theControl.Now.Visible && theControl.Now.At.Left < theControl.Owner.Now.Width &&
-           !(dynamic_cast<const Image *>(&theControl) && theControl.Now.Picture.empty());
+    return theControl.Now.Visible && theControl.Now.At.Left < theControl.Owner.Now.Width && !ShowsNothing(theControl);
 }
 
 static void ShowAll(const Form &theForm)
@@ -56,9 +66,12 @@ static Outcome DoToForm(const Action &theAction, Form &theForm)
         return Require(UserClose(theForm));
     if (verb == "refuse")
         return Expect(!theForm.Visible || theForm.CloseRefused, "a user could close it");
-    if (verb == "size") {
-        const Text size = NumberText(std::round(theForm.Now.Width)) + "x" + NumberText(std::round(theForm.Now.Height));
-        return Expect(size == theAction.Rest, "it is " + size);
+    if (verb == "size")
+        return ExpectSize(theAction, theForm.Now.Width, theForm.Now.Height);
+    if (verb == "resize") {
+        const Text &size = theAction.Rest;
+        return Require(theForm.Design.Sizable &&
+                       UserResize(theForm, NumberAtStart(size), NumberAtStart(size.substr(size.find('x') + 1))));
     }
     if (verb == "open")
         StartProgram(theForm);
@@ -93,12 +106,16 @@ static Outcome DoToControl(const Action &theAction, Control &theControl)
     auto *dirs = dynamic_cast<DirList *>(&theControl);
     auto *drives = dynamic_cast<DriveList *>(&theControl);
     auto *browser = dynamic_cast<Browser *>(&theControl);
-    const int row = static_cast<int>(std::clamp(NumberAtStart(theAction.Rest), -2.0, 1e9));
+    const int row = static_cast<int>(std::clamp(NumberAtStart(theAction.Rest), -1e9, 1e9));
 
+    if (verb == "click" && IsReachable(theControl) && ShowsNothing(theControl))
+        return {endScript, "nobody could click it: it shows no picture"};
     if (verb == "click")
         return Require(bar ? UserTool(*bar, theAction.Rest) : UserClick(theControl));
     if (verb == "refuse")
-        return Expect(!IsReachable(theControl), "a user could click it");
+        return Expect(!IsReachable(theControl) || ShowsNothing(theControl), "a user could click it");
+    if (verb == "size")
+        return ExpectSize(theAction, theControl.Now.At.Width, theControl.Now.At.Height);
     if (verb == "select" && list)
         return Require(UserSelect(*list, row));
     if (verb == "select" && dirs)

@@ -24,12 +24,10 @@ int Player::Play(Form &theFirstForm)
     } catch (const std::exception &failure) {
         FailAsPlayer(FailureOf(failure));
     }
-    Finish();
-    if (hasEnded && code == 0 && next < script.size() && script[next].Verb != "ended") {
-        std::cerr << "line " << script[next].Line << ": the program ended before this line\n";
-        code = endScript;
-    }
-    return code;
+    const bool hasEndedEarly = hasEnded && code == 0 && next < script.size() && script[next].Verb != "ended";
+    if (hasEndedEarly)
+        Complain("line " + std::to_string(script[next].Line) + ": the program ended before this line");
+    return Finish(hasEndedEarly ? endScript : code);
 }
 
 void Player::FailAsPlayer(const RuntimeFailure &theFailure)
@@ -53,8 +51,9 @@ void Player::PlayAll(Form &theFirstForm)
     }
 }
 
-void Player::Finish()
+int Player::Finish(int theCode)
 {
+    files = {};
     if (!hasEnded) {
         PendingWrites::Flush();
         TellLosses();
@@ -65,16 +64,27 @@ void Player::Finish()
     if (lost > 0)
         Say("lost", std::to_string(lost) + (lost == 1 ? " failure in all" : " failures in all"));
     std::cout.flush();
+    return theCode;
+}
+
+void Player::Complain(const Text &theWhy)
+{
+    std::cout.flush();
+    std::cerr << theWhy << '\n';
+}
+
+void Player::Leave(int theCode)
+{
+    const int result = Finish(theCode);
+    std::cout.flush();
+    std::_Exit(result);
 }
 
 void Player::StopAt(const Action &theAction, const Outcome &theOutcome)
 {
-    std::cout.flush();
-    std::cerr << "line " << theAction.Line << ": " << theAction.Verb << ' ' << theAction.All() << ": " << theOutcome.Why
-              << '\n';
-    Finish();
-    // Ends the process from within the program's procedures, which would otherwise go on.
-    std::_Exit(theOutcome.Code);
+    Complain("line " + std::to_string(theAction.Line) + ": " + theAction.Verb + ' ' + theAction.All() + ": " +
+             theOutcome.Why);
+    Leave(theOutcome.Code);
 }
 
 void Player::PlayLines()
@@ -106,6 +116,7 @@ static void TraceFailure(const RuntimeFailure &theFailure, const char *theProced
 Outcome Player::Do(const Action &theAction)
 {
     const Text &verb = theAction.Verb;
+    files.Tidy();
     if (verb == "wait" || verb == "at")
         return {};
     if (verb == "given")
@@ -125,10 +136,14 @@ Outcome Player::Do(const Action &theAction)
     if (verb == "answer")
         answers.push_back(theAction.Target);
     else if (verb == "file")
-        files.push_back(theAction.All());
+        files.Add(theAction.All());
+    else if (verb == "textfile")
+        return files.AddTextFile(theAction.All());
     else if (verb == "trace")
         OnTrapped = theAction.Target == "on" ? TraceFailure : nullptr;
-    else if (Element *element = FindElement(theAction.Target))
+    else if (Element *element = FindElement(theAction.Target); element && verb == "focused")
+        return element == focused ? Outcome{} : Outcome{endExpectation, "the program gave it no focus"};
+    else if (element)
         return DoToElement(theAction, *element);
     else
         return {endScript, "there is no " + theAction.Target};
@@ -169,9 +184,8 @@ void Player::WaitEvents()
     DoEvents();
     idleWaits = next == before ? idleWaits + 1 : 0;
     if (!hasEnded && idleWaits > patience) {
-        std::cerr << "the program is waiting for an action, but no line of the script can be played\n";
-        Finish();
-        std::_Exit(endScript);
+        Complain("the program is waiting for an action, but no line of the script can be played");
+        Leave(endScript);
     }
 }
 
@@ -195,13 +209,9 @@ int Player::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 
 Text Player::OpenFile(const Text &)
 {
-    Text Result;
-    if (!files.empty()) {
-        Result = files.front();
-        files.pop_front();
-    }
-    Say("file", Result.empty() ? "(cancelled)" : Result);
-    return Result;
+    const FileAnswers::Answer answer = files.Take();
+    Say("file", answer.Shown.empty() ? "(cancelled)" : answer.Shown);
+    return answer.Path;
 }
 
 void Player::Beep()

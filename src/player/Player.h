@@ -1,12 +1,13 @@
 // The scripted presentation: plays a user without a display.
 #pragma once
+#include "player/FileAnswers.h"
 #include "player/PlayerBrowser.h"
 #include "player/PlayerClock.h"
 #include "toolkit/Presentation.h"
 #include <deque>
 #include <set>
 
-class Player final : public Presentation
+class Player : public Presentation
 {
 public:
     explicit Player(std::vector<Action> theScript) : script(std::move(theScript)) {}
@@ -17,7 +18,7 @@ public:
     void Show(Form &theForm) override;
     void Unload(Form &theForm) override;
     void Changed(Element &theElement) override;
-    void Focus(Control &) override {}
+    void Focus(Control &theControl) override { focused = &theControl; }
     void DoEvents() override;
     void WaitEvents() override;
     void PaintNow() override {}
@@ -34,6 +35,16 @@ public:
     void Failure(const RuntimeFailure &theFailure) override;
     void Ended(int theCode) override;
 
+protected:
+    // Called once, when nothing more is played, whatever the reason. Takes and returns the exit code.
+    virtual int Finish(int theCode);
+    // Tells why the script can't be played to its end.
+    virtual void Complain(const Text &theWhy);
+    // Ends the process from within the program's procedures, which would otherwise go on.
+    [[noreturn]] void Leave(int theCode);
+    // How often each message was shown.
+    const std::map<Text, long> &Boxes() const { return boxes; }
+
 private:
     void PlayLines();
     bool IsHeldBack(const Action &theAction);
@@ -41,18 +52,19 @@ private:
     [[noreturn]] void StopAt(const Action &theAction, const Outcome &theOutcome);
     void PlayAll(Form &theFirstForm);
     void FailAsPlayer(const RuntimeFailure &theFailure);
-    void Finish();
 
     const std::vector<Action> script;
     std::size_t next = 0;
     long yields = 0;
-    long idleWaits = 0;             // successive waits during which no line was played
-    const Form *awaited = nullptr;  // the screen that the current "wait" waits for
+    long idleWaits = 0;                // successive waits during which no line was played
+    const Form *awaited = nullptr;     // the screen that the current "wait" waits for
+    const Element *focused = nullptr;  // the control to which the program gave the focus last
     PlayerClock clock;
     PlayerBrowser browser;
-    std::deque<Text> answers, files;
-    std::map<Text, long> boxes;  // how often each message was shown
-    long lost = 0;               // failures that no box told
+    std::deque<Text> answers;
+    FileAnswers files;
+    std::map<Text, long> boxes;
+    long lost = 0;  // failures that no box told
     Text lastBox;
     std::set<const Form *> shown;
     bool hasEnded = false;

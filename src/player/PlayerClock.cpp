@@ -2,7 +2,6 @@
 #include "toolkit/Gates.h"
 #include <algorithm>
 #include <limits>
-#include <vector>
 
 static constexpr long never = std::numeric_limits<long>::max();
 
@@ -16,19 +15,20 @@ void PlayerClock::FindTimers()
 {
     timersChanged = false;
     nextDue = never;
-    for (const Form *form : Form::All())
-        for (Element *element : form->Elements()) {
-            auto *timer = dynamic_cast<Timer *>(element);
-            if (!timer)
-                continue;
-            if (!form->Loaded || !timer->Now.Enabled || timer->Now.Interval <= 0) {
-                due.erase(timer);
-                continue;
-            }
-            const long when = due.try_emplace(timer, now + timer->Now.Interval).first->second;
-            if (!timer->Running)
-                nextDue = std::min(nextDue, when);
+    if (timers.empty())
+        for (const Form *form : Form::All())
+            for (Element *element : form->Elements())
+                if (auto *timer = dynamic_cast<Timer *>(element))
+                    timers.emplace_back(form, timer);
+    for (const auto &[form, timer] : timers) {
+        if (!form->Loaded || !timer->Now.Enabled || timer->Now.Interval <= 0) {
+            due.erase(timer);
+            continue;
         }
+        const long when = due.try_emplace(timer, now + timer->Now.Interval).first->second;
+        if (!timer->Running)
+            nextDue = std::min(nextDue, when);
+    }
 }
 
 void PlayerClock::TickDueTimers()

@@ -2,6 +2,8 @@
 #pragma once
 #include "toolkit/Controls.h"
 #include <map>
+#include <utility>
+#include <vector>
 
 class PlayerClock
 {
@@ -24,5 +26,6 @@ private:
     long now = 0;
     long nextDue = 0;  // no timer is due before this time
     bool timersChanged = true;
+    std::vector<std::pair<const Form *, Timer *>> timers;  // all that there are
     std::map<Timer *, long> due;
 };

@@ -19,6 +19,8 @@ static Text TakeWord(Text &theRest)
 
 std::vector<Action> ReadScript(std::istream &theInput)
 {
+    // What goes wrong while a line is read must not look like the end of the script.
+    theInput.exceptions(std::ios::badbit);
     std::vector<Action> Result;
     Text line;
     for (int number = 1; std::getline(theInput, line); ++number) {

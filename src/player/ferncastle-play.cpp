@@ -1,78 +1,71 @@
-// The program ferncastle-play: Ferncastle without a display, played by a script.
+// The program ferncastle-play: Ferncastle without a display, played by a script or by a command.
 #include "core/TextOps.h"
 #include "core/Version.h"
 #include "core/frmSplash.h"
-#include "disk/Files.h"
 #include "disk/Paths.h"
+#include "player/CheckCommand.h"
+#include "player/ExpandCommand.h"
+#include "player/HelpPages.h"
+#include "player/Host.h"
 #include "player/Player.h"
 #include "toolkit/Gates.h"
-#include "toolkit/Services.h"
-#include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 
-static const char *const usage =
-    "usage: ferncastle-play [--program-dir DIR] [--drive x=DIR]... [--seed N] [SCRIPT]\n"
-    "       ferncastle-play --version\n"
-    "Plays a user's actions, one per line, from SCRIPT or from standard input. DEVELOPING.md describes them.\n"
-    "--program-dir takes another program directory than the one that holds this program.\n"
-    "--drive makes DIR the drive x:, for letters from d: on; drive c: is the root directory of this computer.\n"
-    "--seed makes the random choices of a run repeatable.\n"
-    "Exit status: 0 the script was played, 1 an expectation failed, 2 the script is wrong, 3 a failure, 4 a "
-    "standstill.\n";
-
-static Text FullPath(const Text &thePath)
+static void MapDrive(const Text &theValue)
 {
-    Text Result = std::filesystem::absolute(thePath).lexically_normal().string();
-    while (Result.size() > 1 && Result.back() == '/')
-        Result.pop_back();
-    return Result;
+    const char letter = theValue.empty() ? '\0' : LowerChar(theValue[0]);
+    if (theValue.size() < 3 || theValue[1] != '=' || letter <= 'c' || letter > 'z')
+        throw OptionError{"--drive needs a letter from d on and a directory, such as s=/home, not " + theValue};
+    Paths::MapDrive(letter, Host::FullPath(theValue.substr(2)));
 }
 
-static int Run(int argc, char **argv)
+static int PlayScript(const Text &theFile)
+{
+    RequireProgramDir();
+    std::ifstream file(theFile);
+    if (!theFile.empty() && !file)
+        throw OptionError{"cannot read " + theFile};
+    Player player(ReadScript(theFile.empty() ? std::cin : file));
+    return player.Play(frmSplash::Me);
+}
+
+static int Run(Arguments theArguments)
 {
     Text scriptFile;
-    for (int i = 1; i < argc; ++i) {
-        const Text word = argv[i];
-        const Text value = i + 1 < argc ? argv[i + 1] : "";
-        if (word == "--program-dir" && !value.empty())
-            Paths::SetProgramDir(FullPath(value)), ++i;
-        else if (word == "--drive" && value.size() > 2 && value[1] == '=' && LowerChar(value[0]) > 'c' &&
-                 LowerChar(value[0]) <= 'z')
-            Paths::MapDrive(value[0], FullPath(value.substr(2))), ++i;
-        else if (word == "--seed" && !value.empty())
-            SetClock(static_cast<std::uint64_t>(std::max(0.0, NumberAtStart(value)))), ++i;
+    while (!theArguments.AreAtEnd()) {
+        const Text word = theArguments.Next();
+        if (scriptFile.empty() && word == "expand")
+            return ExpandCommand(theArguments);
+        if (scriptFile.empty() && word == "check")
+            return CheckCommand(theArguments);
+        if (word == "--drive")
+            MapDrive(theArguments.ValueOf(word));
         else if (scriptFile.empty() && !word.starts_with("-"))
             scriptFile = word;
-        else if (word == "--version") {
-            std::cout << "ferncastle-play " << ProgramVersion << '\n';
+        else if (word == "--version" || word == "--help") {
+            std::cout << (word == "--help" ? Text(helpOfPlay) : Text("ferncastle-play ") + ProgramVersion + '\n');
             return 0;
-        } else {
-            std::cerr << usage;
-            return word == "--help" ? 0 : endScript;
-        }
+        } else if (!TakeCommonOption(word, theArguments))
+            throw OptionError{"there is no option " + word + "; usage: ferncastle-play --help"};
+        theArguments.RefuseValue(word);
     }
-    if (!Files::IsDirectory(Paths::ProgramDir())) {
-        std::cerr << "no such program directory: " << Paths::ProgramDir() << '\n';
-        return endScript;
-    }
-    std::ifstream file(scriptFile);
-    if (!scriptFile.empty() && !file) {
-        std::cerr << "cannot read " << scriptFile << '\n';
-        return endScript;
-    }
-    Player player(ReadScript(scriptFile.empty() ? std::cin : file));
-    return player.Play(frmSplash::Me);
+    return PlayScript(scriptFile);
 }
 
 int main(int argc, char **argv)
 {
     try {
-        return Run(argc, argv);
+        return Run(Arguments({argv + 1, argv + argc}));
+    } catch (const OptionError &error) {
+        std::cerr << "ferncastle-play: " << error.What << '\n';
+        return endScript;
+    } catch (const RuntimeFailure &failure) {
+        std::cerr << "ferncastle-play: " << failure.What << ": " << failure.Where << '\n';
+        return endFailure;
     } catch (const std::exception &failure) {
-        std::cerr << FailureOf(failure).What << '\n';
+        std::cerr << "ferncastle-play: " << FailureOf(failure).What << '\n';
         return endFailure;
     }
 }

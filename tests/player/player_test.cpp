@@ -1,10 +1,14 @@
 // The player's language, its reading of pages, and its exit codes.
 #include "TestSite.h"
 #include "core/frmLists.h"
+#include "disk/Claim.h"
 #include "player/GivenVars.h"
 #include "player/PageReader.h"
 #include "player/Player.h"
+#include <csignal>
 #include <cstdlib>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 using Pairs = std::vector<std::pair<Text, Text>>;
@@ -54,9 +58,9 @@ TEST_F(Playing, ElementsAndVariablesGoByName)
              {"frmSplash.Timer1", "off"}, {"frmDirectory.Dir1", "x:\\a"}, {"frmQuillmark.chkUsingQuillmark", "ticked"},
              {"frmQuillmark.btnNext", "b.jpg"}, {"frmProcess.lblFilesCnt", "0"}})
         EXPECT_EQ(ValueOf(*FindElement(name)), value) << name;
-    EXPECT_TRUE(SetAppVar("ProjectNumber", "1 a") && SetAppVar("FormWidth", "2.5") && !SetAppVar("formwidth", "1"));
-    EXPECT_TRUE(ProjectNumber == "1 a" && FormWidth == 2.5);
-    EXPECT_TRUE(SetAppVar("DevMode", "-1") && DevMode && SetAppVar("DevMode", "False") && !DevMode);
+    EXPECT_ALL(SetAppVar("ProjectNumber", "1 a"), SetAppVar("FormWidth", "2.5"), !SetAppVar("formwidth", "1"));
+    EXPECT_ALL(ProjectNumber == "1 a", FormWidth == 2.5);
+    EXPECT_ALL(SetAppVar("DevMode", "-1"), DevMode, SetAppVar("DevMode", "False"), !DevMode);
 }
 
 TEST_F(Playing, PagesAreRead)
@@ -83,19 +87,42 @@ TEST_F(Playing, EndsAreToldByTheirCodes)
         {start + "\nexpect frmWelcome.chkHideWelcome ticked", endExpectation, "line 3: expect"},
         {start + "refuse frmWelcome.btnNext", endExpectation, "could click it"},
         {start + "holds domains.lst never in it", endExpectation, "it does not contain that"},
+        {start + "size frmWelcome 1x435", endExpectation, "it is 600x435"},
+        {start + "size frmWelcome.btnNext 92x1", endExpectation, "it is 92x34"},
+        {start + "focused frmWelcome.chkHideWelcome", endExpectation, ""},
+        {start + "said Are you sure", endExpectation, ""}, {start + "lacks domains.lst", endExpectation, "it exists"},
         {"click frmWelcome.btnNext", endScript, "no user could do that now"},
+        {start + "open frmDoItAlready\nclick frmDoItAlready.btnHelp1", endScript, "it shows no picture"},
         {start + "click frmWelcome.btnNowhere", endScript, "there is no frmWelcome.btnNowhere"},
         {start + "dance frmWelcome.btnNext", endScript, "no such action"},
         {"given No 1", endScript, "no such variable"},
         {start + "wait frmReport", endScript, "line 2: wait frmReport: this never happens"}};
     for (const auto &[script, code, says] : rows)
-        EXPECT_TRUE(Play(script) == code && Said(says)) << script << "\n" << OnDisk("log");
-    EXPECT_TRUE(Play("", "--wrong") == endScript && Said("usage: ferncastle-play"));
+        EXPECT_ALL(Play(script) == code, Said(says)) << script << "\n" << OnDisk("log");
+    EXPECT_ALL(Play("", "--wrong") == endScript, Said("usage: ferncastle-play"));
     StartProject();
     Put("index.htm", "<a href=\"page.htm\">");
     Put("page.htm", "<p>");
     EXPECT_EQ(PlayRun("fern\r\nmoss\r\n"), 0) << OnDisk("log");
-    EXPECT_TRUE(PlayRun("fern\r\n") == endStandstill && Said("standstill MakeKeyworded")) << "two words of one";
+    EXPECT_ALL(PlayRun("fern\r\n") == endStandstill, Said("standstill MakeKeyworded")) << "two words of one";
     Put("page.htm", "<a href=\"page.htm\"onclick=\"href='page.htm'\">");
-    EXPECT_TRUE(PlayRun("fern\r\nmoss\r\n") == endFailure && Said("failure   negative count")) << "two links, one tag";
+    EXPECT_ALL(PlayRun("fern\r\nmoss\r\n") == endFailure, Said("failure   negative count")) << "two links, one tag";
+}
+
+// What another process works in is told; a process that was killed leaves nothing behind.
+TEST_F(Playing, AnotherProcessInTheSameDirectory)
+{
+    const Text line = "another Ferncastle is already working in " + program.string();
+    EXPECT_ALL(Play("") == 0, !Said(line)) << OnDisk("log");
+    fs::permissions(program, fs::perms::owner_read | fs::perms::owner_exec);
+    const pid_t other = fork();
+    if (other == 0) {
+        Io::Claim(program.string());
+        std::raise(SIGKILL);
+    }
+    EXPECT_EQ(waitpid(other, nullptr, 0), other);
+    EXPECT_ALL(Io::Claim(program.string()), !Io::Claim(program.string() + "/.")) << "another descriptor is another's";
+    fs::permissions(program, fs::perms::owner_all);
+    EXPECT_ALL(Play("") == 0, Said(line)) << OnDisk("log");
+    EXPECT_ALL(Io::Claim(program.string() + "/nowhere"));
 }

@@ -1,0 +1,39 @@
+#include "player/FileAnswers.h"
+#include "base/Failure.h"
+#include "disk/Files.h"
+#include "disk/Paths.h"
+#include "player/KeywordList.h"
+
+Outcome FileAnswers::AddTextFile(const Text &thePath)
+{
+    try {
+        const Text text = Files::Read(thePath), windows = WithWindowsLineEnds(text);
+        if (text == windows) {
+            Add(thePath);
+            return {};
+        }
+        copies.push_back(std::make_unique<Host::TempDir>());
+        const Text copy = copies.back()->PathOf("copy.txt");
+        if (!Host::WriteFile(copy, windows))
+            Fail("cannot write", copy);
+        answers.push_back({Paths::FromHost(copy), thePath});
+    } catch (const RuntimeFailure &failure) {
+        return {endScript, failure.What + ": " + failure.Where};
+    }
+    return {};
+}
+
+FileAnswers::Answer FileAnswers::Take()
+{
+    if (answers.empty())
+        return {};
+    Answer Result = answers.front();
+    answers.pop_front();
+    return Result;
+}
+
+void FileAnswers::Tidy()
+{
+    if (answers.empty())
+        copies.clear();
+}

@@ -1,0 +1,80 @@
+#include "player/Findings.h"
+#include "core/TextOps.h"
+#include "disk/Io.h"
+#include "disk/Paths.h"
+#include "player/KeywordList.h"
+#include "player/RunOptions.h"
+#include <algorithm>
+#include <map>
+
+Text Finding::AsLine() const
+{
+    Text Result = IsError ? "error: " : "warning: ";
+    Result += File;
+    if (Line > 0)
+        Result.append(1, ':').append(std::to_string(Line));
+    Result.append(": ").append(What);
+    for (char &c : Result)
+        if (static_cast<unsigned char>(c) < ' ')
+            c = ' ';
+    return Result;
+}
+
+void Findings::Add(const Finding &theFinding)
+{
+    if (known.insert(theFinding.AsLine()).second)
+        all.push_back(theFinding);
+}
+
+std::int64_t Findings::Errors() const
+{
+    return std::count_if(all.begin(), all.end(), [](const Finding &one) { return one.IsError; });
+}
+
+std::int64_t LineAt(const Text &theText, std::int64_t thePosition)
+{
+    const auto end = theText.begin() + std::clamp<std::int64_t>(thePosition - 1, 0, Len(theText));
+    const char lineEnd = theText.find('\n') == Text::npos ? '\r' : '\n';
+    return 1 + std::count(theText.begin(), end, lineEnd);
+}
+
+void CheckKeywords(const RunOptions &theOptions, Findings &theFindings)
+{
+    const Text &project = theOptions.Project;
+    const Text file = theOptions.Keywords.empty()
+                          ? Paths::ProgramHostDir() + '/' + project + "_store/" + project + ".key"
+                          : theOptions.Keywords;
+    if (const Text wrong = TooFewKeywords(theOptions); !wrong.empty())
+        theFindings.Add({true, file, 0, wrong});
+    std::map<Text, std::int64_t> firstLines;
+    for (const auto &[line, word] : theOptions.KeywordRows) {
+        const auto [first, isNew] = firstLines.try_emplace(LowerText(word), line);
+        if (!isNew)
+            theFindings.Add({false, file, line,
+                Text("the keyword \"") + word + "\" stands in line " + std::to_string(first->second) + " already"});
+        if (word.find_first_of("/\\:*?\"<>|\r\n") != Text::npos)
+            theFindings.Add({false, file, line,
+                Text("the keyword \"") + word + "\" holds a character that file names should not hold"});
+    }
+}
+
+// A path with all links followed and a slash at its end.
+static Text Closed(const Text &thePath)
+{
+    const Text path = Io::RealPath(thePath.empty() ? "/" : thePath);
+    return path.ends_with('/') ? path : path + '/';
+}
+
+bool CheckPlace(const RunOptions &theOptions, Findings &theFindings)
+{
+    const Text site = Closed(theOptions.Site), program = Closed(Paths::ProgramHostDir());
+    const bool holdsIt = program.starts_with(site);
+    const bool isInIt =
+        !theOptions.Project.empty() && site.starts_with(Closed(Paths::ProgramHostDir() + '/' + theOptions.Project));
+    if (holdsIt)
+        theFindings.Add({true, theOptions.Site, 0,
+            "the site holds the program directory " + Paths::ProgramHostDir() + ", and so its own new site"});
+    else if (isInIt)
+        theFindings.Add({true, theOptions.Site, 0, "the site is in the new site of project " + theOptions.Project});
+    return !holdsIt && !isInIt;
+}

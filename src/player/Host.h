@@ -1,0 +1,52 @@
+// What the player asks of the host beside the program's own files: terminals, temporary directories, directory trees.
+// All paths are the host's.
+#pragma once
+#include "base/Text.h"
+#include <vector>
+
+namespace Host
+{
+// A full path without "." and "..", and without a final slash.
+Text FullPath(const Text &thePath);
+// The directory of a full path.
+Text ParentOf(const Text &thePath);
+bool IsDirectory(const Text &thePath);
+bool CanRead(const Text &thePath);
+bool CanWriteIn(const Text &theDir);
+// The names in a directory; empty when it can't be read.
+std::vector<Text> NamesIn(const Text &theDir);
+// Writes a file; false when that failed.
+bool WriteFile(const Text &theFile, const Text &theContent);
+bool CopyFile(const Text &theSource, const Text &theTarget);
+// Makes theLink a symbolic link to theTarget.
+bool MakeLink(const Text &theTarget, const Text &theLink);
+bool MakeDirectory(const Text &theDir);
+// When a file was last changed, in the clock of its file system; the lowest time when it isn't there.
+std::int64_t ChangeTime(const Text &theFile);
+// The bytes of all files in theDir and below that were not changed before theTime.
+std::int64_t BytesSince(const Text &theDir, std::int64_t theTime);
+
+// Whether standard error is a terminal, and how many characters fit into its lines.
+bool IsTerminal();
+std::size_t Columns();
+
+// From now on an interrupt from the keyboard or a request to end only sets a flag.
+void HoldInterrupts();
+bool IsInterrupted();
+
+// A new directory for temporary files, which is removed with all that is in it.
+class TempDir
+{
+public:
+    // Not below theAvoided, a full path.
+    explicit TempDir(const Text &theAvoided = "");
+    ~TempDir();
+    TempDir(const TempDir &) = delete;
+    TempDir &operator=(const TempDir &) = delete;
+    const Text &Path() const { return path; }
+    Text PathOf(const Text &theName) const { return path + '/' + theName; }
+
+private:
+    Text path;
+};
+}  // namespace Host

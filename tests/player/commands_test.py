@@ -1,0 +1,193 @@
+#!/usr/bin/env python3
+"""Runs the commands of ferncastle-play, on the sample and on generated sites, and compares what "check" says with what a
+run does. Usage: commands_test.py PLAYER DATA_DIR [ROUNDS [FIRST_ROUND]]"""
+import json, os, pty, random, re, shutil, subprocess, sys, tempfile
+from pathlib import Path
+
+player, data = sys.argv[1], Path(sys.argv[2])
+rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 25
+first = int(sys.argv[4]) if len(sys.argv) > 4 else 1
+counts = ["pages_found", "pages_processed", "pages_added", "keywords_added", "media_files", "links_internal",
+          "links_external", "links_broken", "links_media"]
+
+
+def expect(holds, *said):
+    if not holds:
+        sys.exit("commands_test: " + "\n".join(map(str, said)))
+
+
+def files_of(directory):
+    return {str(one.relative_to(directory)): one.read_bytes() if one.is_file() else None
+            for one in directory.rglob("*")}
+
+
+def play(*arguments):
+    return subprocess.run([player, *map(str, arguments)], capture_output=True, text=True, errors="replace")
+
+
+class Place:
+    """A program directory, a site and a list of keywords."""
+
+    def __init__(self, directory):
+        self.program, self.words = directory / "it's a program", directory / "words"
+        self.site = directory / "m\u00fd \u20acit\U0001f33f"  # letters of two, three and four bytes
+        self.json = directory / "out.json"
+        shutil.copytree(data, self.program)
+        self.words.write_text("fern\nmoss garden\noak\nivy")
+
+    def options(self):
+        return ["--program-dir", self.program, "--site", self.site, "--domain", "https://www.Own.example/",
+                "--keywords", self.words, "--seed", 5]
+
+    def command(self, name, *more):
+        done = play(name, *self.options(), "--json", self.json, *more)
+        return done, json.loads(self.json.read_text())
+
+
+def test_options(place):
+    shutil.copytree(data / "sample", place.site)
+    wrong = [["--wrong"], ["--per-name", "x"], ["--per-name", "5"], ["--site", place.site / "none"], ["--name"],
+             ["--keywords", "/nowhere"], ["--domain", "two words"], ["--project", "1"], ["--name", "a  # b"],
+             ["--json", "/nowhere/x.json"], ["--quiet=yes"], ["--program-dir", "/nowhere"]]
+    for more in wrong:
+        done = play("expand", *place.options(), *more)
+        expect(done.returncode == 2 and done.stdout == "" and done.stderr.count("\n") == 1, more, done)
+    expect(not (place.program / "0001").exists(), "a wrong option leaves a project behind")
+    for name in ["expand"], ["check"], []:
+        expect("Exit status" in play(*name, "--help").stdout, name)
+
+
+def test_script(place):
+    done, said = place.command("expand", "--quiet")
+    expect(done.returncode == 0 and done.stdout == done.stderr == "", done)
+    expect(said["site"] == str(place.site), said["site"])
+    made = files_of(place.program / "0001")
+    expect(said["bytes_written"] == sum(map(len, filter(None, made.values()))), said["bytes_written"])
+    expect(len(said["broken_links"]) == said["links_broken"] > 0 and len(said["external_links"]) > 0, said)
+    for directory in "0001", "0001_store":
+        shutil.move(place.program / directory, place.site.parent)
+    script = place.program / "printed.play"
+    script.write_text(play("expand", *place.options(), "--print-script").stdout)
+    done = play("--program-dir", place.program, "--seed", 5, script)
+    expect(done.returncode == 0 and files_of(place.program / "0001") == made, "the printed script plays another run", done)
+
+    place.words.write_bytes(b"\xef\xbb\xbfbracken\r\nheath\r\nx")
+    done, said = place.command("expand", "--project", "1", "--quillmark", "--json", place.json)
+    added = set(files_of(place.program / "0001")) - set(made)
+    expect(done.returncode == 0 and said["project"] == "0001" and said["keywords_added"] == 0, done)
+    done = play("expand", "--program-dir", place.program, "--project", "0001", "--no-quillmark", "--per-name", "1")
+    new = set(files_of(place.program / "0001")) - set(made) - added
+    expect(done.returncode == 0 and {one.rsplit(".", 1)[0].split("-", 1)[1] for one in new} == {"bracken", "heath", "x"},
+           "a saved project takes other keywords", done, new)
+
+
+def test_findings(place):
+    """Each page that would end a run is found once, also behind one at which a run would stand still."""
+    place.site.mkdir()
+    for name, page in ("a.htm", '<a href="c.htm">1</a> <a href=>'), ("b.htm", 'href="c.htm">2</a>'), ("c.htm", "3"):
+        (place.site / name).write_text(page)
+    done, said = place.command("check")
+    errors = [os.path.basename(one["file"]) for one in said["findings"] if one["severity"] == "error"]
+    expect(done.returncode == 1 and errors == ["a.htm", "b.htm"], said["findings"])
+
+
+def test_progress(place):
+    done = play("expand", *place.options())
+    expect("27 of 27 pages" in done.stderr and "\r" not in done.stderr and "Report" in done.stdout, done)
+    leader, follower = pty.openpty()
+    done = subprocess.run([player, "expand", *map(str, place.options())], stdout=subprocess.DEVNULL, stderr=follower)
+    os.close(follower)
+    shown = os.read(leader, 10000).decode()
+    expect(done.returncode == 0 and shown.startswith("\r1 of 27 pages") and shown.count("\n") == 1, repr(shown))
+
+
+def test_help(place):
+    """The help pages, the manual page and the completions name the same options, and the manual page every field."""
+    share = data / "share"
+    manual = (share / "man/man1/ferncastle-play.1").read_text().replace("\\-", "-")
+    shells = [share / "bash-completion/completions/ferncastle-play", share / "zsh/site-functions/_ferncastle-play"]
+    pages = {name: play(*name.split(), "--help").stdout for name in ("expand", "check", "")}
+    for name, page in pages.items():
+        options = set(re.findall(r"--[a-z-]+", page))
+        for text in [manual] + [shell.read_text() for shell in shells]:
+            expect(all(option in text for option in options), name, [one for one in options if one not in text])
+        words = subprocess.run(["bash", "-c", f'. "{shells[0]}"; COMP_WORDS=(ferncastle-play {name} --); '
+            f'COMP_CWORD={len(name.split()) + 1}; _ferncastle_play; echo "${{COMPREPLY[@]}}"'],
+            capture_output=True, text=True).stdout.split()
+        expect(words and set(words) <= options and (name == "" or set(words) == options), name, words, options)
+    for name in "expand", "check":
+        _, said = place.command(name)
+        for field in list(said) + [one for row in said.values() if isinstance(row, list) and row for one in row[0]]:
+            expect(re.search(rf"\b{field}\b", manual[manual.index("Fields of"):]), name, field)
+
+
+def generate(site, seed):
+    """A site with links of all kinds; about every third one has a page that ends the run."""
+    rnd = random.Random(seed)
+    folders = ["", "sub/", "sub/deep/", "Other/"]
+    names = [rnd.choice(folders) + name for name in ["index.htm", "a.htm", "Bee.HTML", "c.html", "long-name.htm", "d.htm"]]
+    for name in names + ["pic.gif", "sub/film.avi", "style.css", "Other/notes.txt"] + ["README", "sub/LICENSE"][:seed % 3]:
+        (site / name).parent.mkdir(parents=True, exist_ok=True)
+        (site / name).write_text("x" * rnd.randrange(2000))
+    targets = [name.split("/")[-1] for name in names] + ["/" + name for name in names] + [
+        "pic.gif", "/pic.gif", "none.htm", "../a.htm", "../../../up.htm", "./c.html", "sub/", "/sub", "#top", "a.htm?x=1#y",
+        "http://other.com/x.htm", "mailto:me@other.com", "http://www.own.example/a.htm", "own.example/sub/c.html",
+        "https://own.example/a.htm", "https://www.own.example/none.htm", "https://own.example.com/", "..", ".", "", "/"]
+    forms = ['<a href="%s">', "<a href='%s'>", "<A HREF = \"%s\" >", "<a href=%s >", '<link rel="x"\n href="%s">', '<a href="%s>']
+    for name in names:
+        links = [rnd.choice(forms) % rnd.choice(targets) + "text\n" for _ in range(rnd.randrange(12))]
+        if rnd.random() < 0.07:
+            links.insert(rnd.randrange(len(links) + 1), rnd.choice(
+                ['<a href="/%s" onclick="href=\'/%s\'">' % (names[0], names[1]), '<a href="x.htm"', "href=a.htm"]))
+        if rnd.random() < 0.04:
+            links.append("<a href=endless>")
+        (site / name).write_text("<html>\n" + "".join(links))
+    return rnd.choice([[], [], ["--no-filters"], ["--quillmark"], ["--per-name", "0"]])
+
+
+def test_agreement(place, seed):
+    """Returns how the run ended."""
+    more = generate(place.site, seed)
+    if seed % 10 == 0:
+        place.words.write_text("fern\nferns\nFERN\na:b")
+    before = files_of(place.program), files_of(place.site)
+    check, said = place.command("check", *more)
+    expect((files_of(place.program), files_of(place.site)) == before, "check leaves traces")
+    errors = [one for one in said["findings"] if one["severity"] == "error"]
+    expect(check.returncode == (1 if errors else 0), check)
+    place.json.unlink()
+    run = play("expand", *place.options(), "--json", place.json, *more)
+    if not place.json.exists():
+        expect(run.returncode == 2 and errors and errors[0]["file"] == str(place.words), seed, check, run)
+        return "refused"
+    done = json.loads(place.json.read_text())
+    if errors:
+        page = os.path.basename(errors[0]["file"])
+        expect(run.returncode in (3, 4) and page in done["reason"], seed, check, done)
+        return done["outcome"]
+    made = files_of(place.program / "0001")
+    expect(run.returncode == 0, seed, check, run)
+    expect([said[one] for one in counts] == [done[one] for one in counts], seed, said, done)
+    expect(said["bytes"] == done["bytes_written"] and said["files"] == len([one for one in made.values() if one is not None]),
+           seed, said, done)
+    stuck = {one["file"] for one in said["findings"] if "can't be copied" in one["text"]}
+    boxes = [one["text"].split("\r\n")[1] for one in done["boxes"] if one["text"].startswith("Unable")]
+    expect({one.split("/")[-1] for one in stuck} == {one.split("\\")[-1] for one in boxes}, seed, stuck, boxes)
+    own = {one["file"] for one in said["findings"] if "https" in one["text"]}
+    broken = {one["page"] for one in done["broken_links"] if re.search(r"https://(www\.)?own\.example/", one["tag"])}
+    expect(own == broken, seed, own, broken)
+    return "report"
+
+
+with tempfile.TemporaryDirectory() as one:
+    sample = Place(Path(one))
+    for test in test_options, test_script, test_progress, test_help:
+        test(sample)
+with tempfile.TemporaryDirectory() as one:
+    test_findings(Place(Path(one)))
+ends = []
+for number in range(first, first + rounds):
+    with tempfile.TemporaryDirectory() as one:
+        ends.append(test_agreement(Place(Path(one)), number))
+print("commands_test: check and run agree on", len(ends), "sites:",
+      ", ".join(f"{end} {ends.count(end)}" for end in sorted(set(ends))))
