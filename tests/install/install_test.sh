@@ -29,7 +29,7 @@ start_from_menu() {
   ! command -v desktop-file-validate >/dev/null || desktop-file-validate "$entry" || fail "the entry isn't valid"
   local command
   # shellcheck disable=SC2162
-  read command <<<"$(sed -n 's/^Exec=//p' "$entry")"
+  read command <<<"$(sed -n "/^\[${1:-Desktop Entry}\]/,/^Exec=/s/^Exec=//p" "$entry")"
   eval "set -- $(sed 's/%%/\x01/g; s/%[a-zA-Z]//g; s/\x01/%/g' <<<"$command")"
   case $1 in *[%=]*) fail "desktops can't find a program of this name: $1" ;; esac
   "$@" || fail "the entry doesn't start the program: $command"
@@ -76,8 +76,9 @@ echo "newer.example" >>"$tmp/newer/domains.lst"
 echo "newword" >>"$tmp/newer/dictionary.lst"
 rm "$tmp/newer/sample/notes.txt"
 programs=$(cd "$folder" && printf '%s;' ferncastle*)
+scripts=$(printf '%s;' "$source"/packaging/*)
 cmake -Dfolder="$folder" -Dversion=2 -Ddata="$tmp/newer" -Dreadme="$source/README.md" -Dprograms="${programs%;}" \
-  -Dscripts="$source/packaging/add-to-menu;$source/packaging/uninstall" -P "$source/cmake/fill_folder.cmake" >"$tmp/said"
+  -Dscripts="${scripts%;}" -P "$source/cmake/fill_folder.cmake" >"$tmp/said"
 holds "$folder/domains.lst" mine.example
 same "$folder/domains.lst.new" "$tmp/newer/domains.lst"
 holds "$tmp/said" domains.lst.new
@@ -94,7 +95,17 @@ diff -r "$tmp/0001" "$folder/0001" && diff -r "$tmp/0001_store" "$folder/0001_st
 hard="$tmp/It's \"50\" \$HOME \`ls\` \\b"
 moved="$tmp/100%f =x"
 mkdir "$hard"
-cp -r "$folder/add-to-menu" "$folder/icons" "$hard"
+cp -r "$folder/add-to-menu" "$folder/open-report" "$folder/icons" "$hard"
+# Of three projects the second was run last, and the third has no report. A stand-in for the user's browser notes what it
+# opens.
+mkdir "$hard/0001_store" "$hard/0002_store" "$hard/0003_store" "$tmp/bin"
+touch -d '2 hours ago' "$hard/0001_store/report.html"
+touch "$hard/0002_store/report.html"
+# shellcheck disable=SC2016
+printf '#!/bin/sh\nprintf "%%s\\n" "$1" >"%s/opened"\n' "$tmp" >"$tmp/bin/xdg-open"
+chmod +x "$tmp/bin/xdg-open"
+PATH=$tmp/bin:$PATH
+opened() { [ "$(cat "$tmp/opened")" = "$1" ] || fail "open-report opens $(cat "$tmp/opened")"; }
 cat >"$hard/ferncastle" <<PROGRAM
 #!/bin/sh
 printf '%s\n' "\$0" >"$tmp/started"
@@ -105,6 +116,12 @@ for place in "$hard" "$moved"; do
   "$place/add-to-menu" >/dev/null
   start_from_menu
   [ "$(cat "$tmp/started")" = "$place/ferncastle" ] || fail "the entry starts $(cat "$tmp/started")"
+  start_from_menu "Desktop Action OpenReport"
+  opened "$place/0002_store/report.html"
+  "$place/open-report" 1
+  opened "$place/0001_store/report.html"
+  ! "$place/open-report" 0003 2>"$tmp/said" || fail "it opens a report that isn't there"
+  holds "$tmp/said" "project 0003 has no report"
 done
 for side in 16 24 32 48 64 128 256; do
   same "$HOME/.local/share/icons/hicolor/${side}x$side/apps/ferncastle.png" "$source/data/icons/ferncastle-$side.png"
