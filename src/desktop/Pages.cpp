@@ -1,7 +1,11 @@
 #include "desktop/Pages.h"
 #include "desktop/Addresses.h"
+#include "desktop/Boxes.h"
 #include "desktop/QtText.h"
 #include "toolkit/Gates.h"
+#include "toolkit/Services.h"
+#include <QDesktopServices>
+#include <QPointer>
 #include <QTimer>
 #include <utility>
 #ifdef FERNCASTLE_WEBENGINE
@@ -45,14 +49,73 @@ void Pages::Open(const QUrl &theUrl)
     });
 }
 
+void Pages::SetZoom(int thePercent)
+{
+    zoom = thePercent;
+    ApplyZoom();
+    ShowStatus("Zoom: " + std::to_string(zoom) + " %");
+}
+
 bool Pages::BeforeNavigate(const QUrl &theUrl)
 {
     const Text address = AddressOf(theUrl);
     if (!BrowserGoes(browser, address))
         return false;
     browser.NowAddress = address;
+    emit Found(0, noPlaces);
     ShowStatus("Opening " + address);
     return true;
+}
+
+// The user must be able to read all of an address that may contain more than it seems.
+static constexpr qsizetype longestAddress = 1000;
+
+static Text InLines(const Text &theAddress)
+{
+    Text Result;
+    for (std::size_t at = 0; at < theAddress.size(); at += 80)
+        Result += theAddress.substr(at, 80) + "\n";
+    return Result;
+}
+
+void Pages::AskToOpen(const QUrl &theUrl)
+{
+    const Text address = FromQString(theUrl.toString(QUrl::FullyEncoded));
+    if (isAsking)
+        return;
+    if (address.size() > longestAddress)
+        return ShowStatus("The address of this link is too long to be shown. It was not opened.");
+    isAsking = true;
+    QTimer::singleShot(0, this, [this, theUrl, address] {
+        const QPointer<Pages> here = this;
+        bool wantsNoMore = false;
+        const Text question =
+            IsPage(theUrl)
+                ? "The page leads to an address that is not in its file, so that a script must have made it:\n\n" +
+                      InLines(address) +
+                      "\nIt may tell that site what the script has read on this computer. Open it all the same?"
+                : "Another program is to open this address:\n\n" + InLines(address) + "\nDo you want that?";
+        const int answer = Boxes::Ask(
+            View()->window(), question, msgYesNo | msgThirdDefault | 48, DefaultBoxTitle, false, wantsNoMore);
+        if (!here)
+            return;
+        isAsking = false;
+        if (answer != answerYes)
+            return ShowStatus("Not opened: " + address);
+        if (IsPage(theUrl))
+            Open(theUrl);
+        else if (!QDesktopServices::openUrl(theUrl))
+            ShowStatus("No program on this computer can open " + address);
+    });
+}
+
+void Pages::ShowRefused(const PageRules::Step &theStep)
+{
+    if (theStep.IsForm)
+        ShowStatus(
+            "Forms of pages on this computer are not sent. To send this one, open the page in your web browser.");
+    else
+        ShowStatus("The page may not open this address: " + AddressOf(theStep.To));
 }
 
 void Pages::ShowTitle(const QString &theTitle)

@@ -14,9 +14,14 @@ public:
     bool Forward() override { return GoTo(at + 1); }
     void Reload() override { GoTo(at, true); }
     void Stop() override { CancelOpen(); }
+    bool CanGoBack() const override { return at > 0; }
+    bool CanGoForward() const override { return at + 1 < places.size(); }
+    void Find(const QString &theText, bool isBackward) override;
+    void Print(const std::shared_ptr<QPrinter> &thePrinter) override;
 
 protected:
     void Load(const QUrl &theUrl) override;
+    void ApplyZoom() override;
 
 private:
     struct Place {
@@ -30,11 +35,13 @@ private:
     QUrl Resolve(const QUrl &theLink) const;
     void Follow(const QUrl &theLink);
     void Show(const QUrl &theUrl);
+    void SetPage(const QString &thePage);
     Text ShowFile(const QUrl &theUrl);
 
     QTextBrowser *const view;
     std::vector<Place> places;
     std::size_t at = 0;
+    QString found;  // what was looked for last
     // Added to the first status text.
     Text introduction = " (simple view: pages look plainer than in a web browser)";
 };

@@ -1,28 +1,28 @@
 #include "desktop/WebPages.h"
 #include "desktop/Addresses.h"
+#include "desktop/PageLinks.h"
+#include "desktop/QtText.h"
+#include "desktop/SupportPage.h"
+#include "desktop/Theme.h"
 #include <QMenu>
+#include <QPrinter>
 #include <QTimer>
 #include <QWebEngineContextMenuRequest>
-#include <QWebEngineDownloadRequest>
-#include <QWebEngineNewWindowRequest>
+#include <QWebEngineFindTextResult>
 #include <QWebEngineSettings>
 #include <utility>
 
 WebPages::WebPages(Browser &theBrowser, QWidget *theParent)
-    : Pages(theBrowser, theParent), view(new QWebEngineView(theParent))
+    : Pages(theBrowser, theParent), view(new QWebEngineView(theParent)), clicks(*view)
 {
     view->setPage(&page);
+    // Until the first page shows; a page without a colour of its own is white.
+    page.setBackgroundColor(Theme::Paper);
     // Creates the browser's own widget now, before the window is shown, instead of with the first page.
     page.runJavaScript(QString());
     view->setFocusPolicy(Qt::StrongFocus);
     view->setContextMenuPolicy(Qt::CustomContextMenu);
-    QWebEngineSettings &settings = *page.settings();
-    // PDF files need it.
-    settings.setAttribute(QWebEngineSettings::PluginsEnabled, true);
-    // A page may open windows only when the user clicks, and dropping a file must not open it.
-    settings.setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
-    settings.setAttribute(QWebEngineSettings::NavigateOnDropEnabled, false);
-
+    profile.setUrlRequestInterceptor(&requests);
     connect(view, &QWidget::customContextMenuRequested, this, &WebPages::ShowContextMenu);
     connect(&page, &QWebEnginePage::navigationRequested, this, [this](QWebEngineNavigationRequest &theRequest) {
         if (!MayNavigate(theRequest))
@@ -32,15 +32,17 @@ WebPages::WebPages(Browser &theBrowser, QWidget *theParent)
     connect(&page, &QWebEnginePage::urlChanged, this, &WebPages::UrlChanged);
     connect(&page, &QWebEnginePage::renderProcessTerminated, this, &WebPages::ProcessEnded);
     connect(&page, &QWebEnginePage::linkHovered, this, [this](const QString &theLink) { ShowLink(QUrl(theLink)); });
-    connect(&page, &QWebEnginePage::newWindowRequested, this,
-        [this](const QWebEngineNewWindowRequest &theRequest) { Open(theRequest.requestedUrl()); });
+    connect(&page, &QWebEnginePage::newWindowRequested, this, &WebPages::OpenedWindow);
     connect(&page, &QWebEnginePage::titleChanged, this, [this](const QString &theTitle) {
         // The browser uses the URL as the title of a page that has none, above all of a missing page.
         ShowTitle(QUrl(theTitle) == page.url() ? QString() : theTitle);
     });
-    // Downloads are never accepted, and a request that is not accepted is dropped.
-    connect(&profile, &QWebEngineProfile::downloadRequested, this, [this](const QWebEngineDownloadRequest *theRequest) {
-        QTimer::singleShot(0, this, [this, url = theRequest->url()] { page.setHtml(CannotShowPage(url), url); });
+    connect(&profile, &QWebEngineProfile::downloadRequested, this, &WebPages::OfferDownload);
+    connect(&page, &QWebEnginePage::findTextFinished, this, [this](const QWebEngineFindTextResult &theResult) {
+        emit Found(theResult.activeMatch(), theResult.numberOfMatches());
+    });
+    connect(&page, &QWebEnginePage::pdfPrintingFinished, this, [this](const QString &theFile, bool isDone) {
+        ShowStatus((isDone ? "Saved: " : "Could not save ") + FromQString(theFile));
     });
 }
 
@@ -51,9 +53,32 @@ WebPages::~WebPages()
     delete view;
 }
 
-bool WebPages::Trigger(bool canGo, QWebEnginePage::WebAction theAction)
+void WebPages::Load(const QUrl &theUrl)
+{
+    AllowAgain();
+    page.load(theUrl);
+}
+
+void WebPages::AllowAgain()
+{
+    page.AllowMessages();
+    downloads.AllowOffers();
+}
+
+// A notice is no page that could be loaded again; the one that it stands for is.
+void WebPages::Reload()
+{
+    if (isNotice)
+        Open(page.url());
+    else
+        Travel(true, QWebEnginePage::Reload);
+}
+
+bool WebPages::Travel(bool canGo, QWebEnginePage::WebAction theAction)
 {
     CancelOpen();
+    isTravelling = canGo;
+    AllowAgain();
     if (canGo)
         page.triggerAction(theAction);
     return canGo;
@@ -76,22 +101,80 @@ void WebPages::ShowStopped()
     ShowStatus("Stopped");
 }
 
+// The user has chosen the place in the program itself. No script can make a request of the type for that.
+bool WebPages::IsByView(const QWebEngineNavigationRequest &theRequest)
+{
+    switch (theRequest.navigationType()) {
+    case QWebEngineNavigationRequest::TypedNavigation:
+        return true;
+    case QWebEngineNavigationRequest::BackForwardNavigation:
+    case QWebEngineNavigationRequest::ReloadNavigation:
+        return std::exchange(isTravelling, false) || theRequest.url() == page.url();
+    default:
+        return false;
+    }
+}
+
 bool WebPages::MayNavigate(const QWebEngineNavigationRequest &theRequest)
 {
     const QUrl url = theRequest.url();
-    const bool isDriveLink = !UrlOfDriveLink(url).isEmpty();
-    if (!theRequest.isMainFrame())
-        return !isDriveLink;
-    if (isDriveLink) {
-        Open(url);
+    const bool isRedirect = theRequest.navigationType() == QWebEngineNavigationRequest::RedirectNavigation;
+    const bool isForm = theRequest.navigationType() == QWebEngineNavigationRequest::FormSubmittedNavigation;
+    // Until a server has answered, the page in the view is still another one.
+    const QUrl from = isRedirect && !loading.isEmpty() ? loading : page.url();
+    const bool isMain = theRequest.isMainFrame();
+    if (!(isMain && IsByView(theRequest)) && !MayStep({from, url, !isMain, isForm, isRedirect, clicks.HasClick()}))
         return false;
-    }
+    if (!isMain)
+        return true;
+    loading = url;
+    page.settings()->setAttribute(QWebEngineSettings::ErrorPageEnabled, !SupportPage::IsSupport(url));
     isNotice = url.scheme() == QLatin1String("data");
     if (isNotice)
         return theRequest.navigationType() != QWebEngineNavigationRequest::ReloadNavigation ||
                BeforeNavigate(page.url());
-    // The browser itself passes other URLs, such as mail addresses, to the system.
-    return !IsPage(url) || BeforeNavigate(url);
+    return BeforeNavigate(url);
+}
+
+bool WebPages::MayStep(PageRules::Step theStep)
+{
+    const PageRules::Verdict verdict = PageRules::Judge(theStep, [&] { return !LinkTo(theStep.To).isEmpty(); });
+    if (theStep.HasClick && verdict != PageRules::Verdict::Refuse &&
+        !(theStep.IsFrame && verdict == PageRules::Verdict::Allow)) {
+        clicks.UseUp();
+        AllowAgain();
+    }
+    switch (verdict) {
+    case PageRules::Verdict::Allow:
+        return true;
+    case PageRules::Verdict::Open:
+        Open(IsPage(theStep.To) ? LinkTo(theStep.To) : theStep.To);
+        break;
+    case PageRules::Verdict::AskPage:
+    case PageRules::Verdict::AskOther:
+        AskToOpen(theStep.To);
+        break;
+    case PageRules::Verdict::Refuse:
+        if (!theStep.IsFrame)
+            ShowRefused(theStep);
+    }
+    return false;
+}
+
+QUrl WebPages::LinkTo(const QUrl &theUrl) const
+{
+    QUrl Result = LinkInFile(page.url(), theUrl);
+    for (auto frame = requests.Frames().begin(); Result.isEmpty() && frame != requests.Frames().end(); ++frame)
+        Result = LinkInFile(*frame, theUrl);
+    return Result;
+}
+
+// A page that is to open in a new window opens in this one.
+void WebPages::OpenedWindow(const QWebEngineNewWindowRequest &theRequest)
+{
+    const QUrl url = theRequest.requestedUrl();
+    if (MayStep({page.url(), url, false, false, false, theRequest.isUserInitiated() && clicks.HasClick()}))
+        Open(url);
 }
 
 // Needed because navigationRequested reports neither a jump within the page nor the address of a notice page.
@@ -100,15 +183,87 @@ void WebPages::UrlChanged(const QUrl &theUrl)
     const bool isSamePage = !page.isLoading();
     if ((isSamePage || AddressOf(theUrl) != Address()) && BeforeNavigate(theUrl) && isSamePage)
         ShowStatus("Done");
+    emit HistoryChanged();
+}
+
+void WebPages::ShowNotice(const QString &thePage, const QUrl &theUrl, const Text &theStatus)
+{
+    noticeStatus = theStatus;
+    QTimer::singleShot(0, this, [this, thePage, theUrl] { page.setHtml(thePage, theUrl); });
+}
+
+void WebPages::StandInFor(const QUrl &theUrl)
+{
+    standIn = theUrl;
+    ShowNotice(SupportPage::InPlaceOf(theUrl, tr("The support site cannot be reached at the moment.")), theUrl,
+        "Could not open " + Address());
+}
+
+// Behind a page that stands in for another are the attempts to load that, which Back skips.
+bool WebPages::Back()
+{
+    const auto items = page.history()->backItems(standIn.isEmpty() ? 0 : page.history()->count());
+    for (auto item = items.rbegin(); item != items.rend(); ++item)
+        if (item->url() != standIn) {
+            CancelOpen();
+            isTravelling = true;
+            AllowAgain();
+            page.history()->goToItem(*item);
+            return true;
+        }
+    return Travel(page.history()->canGoBack(), QWebEnginePage::Back);
+}
+
+// The view stays on its page, or says why it has none.
+void WebPages::OfferDownload(QWebEngineDownloadRequest *theRequest)
+{
+    if (clicks.HasClick()) {
+        clicks.UseUp();
+        AllowAgain();
+    }
+    if (page.url().isEmpty())
+        ShowNotice(CannotShowPage(theRequest->url()), theRequest->url(), CannotShow());
+    else if (AddressOf(page.url()) != Address())
+        BeforeNavigate(page.url());
+    downloads.Offer(*theRequest);
+}
+
+void WebPages::Find(const QString &theText, bool isBackward)
+{
+    page.findText(theText, isBackward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
+}
+
+// A PDF file is written by the browser, so that its text stays text.
+void WebPages::Print(const std::shared_ptr<QPrinter> &thePrinter)
+{
+    if (thePrinter->outputFormat() == QPrinter::PdfFormat)
+        return page.printToPdf(thePrinter->outputFileName(), thePrinter->pageLayout());
+    // The printer must live until the pages are printed.
+    connect(
+        view, &QWebEngineView::printFinished, this,
+        [this, thePrinter](bool isDone) { ShowStatus(isDone ? "Printed" : "Could not print this page"); },
+        Qt::SingleShotConnection);
+    view->print(thePrinter.get());
 }
 
 void WebPages::LoadingChanged(const QWebEngineLoadingInfo &theInfo)
 {
+    emit HistoryChanged();
+    if (theInfo.status() != QWebEngineLoadingInfo::LoadStartedStatus) {
+        page.setBackgroundColor(Qt::white);
+        ApplyZoom();
+    }
     switch (theInfo.status()) {
     case QWebEngineLoadingInfo::LoadSucceededStatus:
-        ShowStatus(isNotice ? CannotShow() : "Done");
+        ShowStatus(isNotice ? noticeStatus : "Done");
+        if (!isNotice)
+            standIn.clear();
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
+        if (SupportPage::IsSupport(theInfo.url())) {
+            StandInFor(theInfo.url());
+            break;
+        }
         if (theInfo.isErrorPage())
             ShowTitle({});
         ShowStatus("Could not open " + Address());

@@ -1,0 +1,1 @@
+fetch(decodeURIComponent(location.hash.slice(1)), {mode: 'no-cors'});
