@@ -107,9 +107,9 @@ static void Wait(double theMilliseconds)
 // Clicks and waits until theGoal is reached. False when the walk is over.
 bool Presser::ClickFor(State theOnItsWay, State theGoal)
 {
-    // Like a finger, waits before the release, so that its time does not depend on when the press was processed.
+    // Like a finger, waits before the release, so that the press has been processed by then.
     mouse->Press();
-    Wait(5 + 25 * std::uniform_real_distribution<double>(0, 1)(draw));
+    Wait(50 + 25 * std::uniform_real_distribution<double>(0, 1)(draw));
     std::unique_lock guard(lock);
     if (state == State::Over)
         return false;

@@ -134,6 +134,7 @@ public:
         std::fprintf(stderr, "the run has failed: %s (%s)\n", theFailure.What.c_str(), theFailure.Where.c_str());
         EndWith(2);
     }
+    void Lost(const Losses::Loss &theLoss) override { front.Lost(theLoss); }
     void Ended(int) override { EndWith(2); }
 
 protected:

@@ -4,6 +4,10 @@
 #include "desktop/FocusRing.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
+#ifdef FERNCASTLE_WEBENGINE
+#include "desktop/WebPage.h"
+#endif
+#include "disk/Claim.h"
 #include "disk/Files.h"
 #include "disk/Paths.h"
 #include "toolkit/Services.h"
@@ -13,6 +17,7 @@
 #include <QIcon>
 #include <QLoggingCategory>
 #include <QStyleFactory>
+#include <algorithm>
 #ifdef Q_OS_UNIX
 #include <unistd.h>
 #endif
@@ -21,6 +26,9 @@ namespace Application
 {
 void PrepareProcess()
 {
+#ifdef FERNCASTLE_WEBENGINE
+    WebPage::PrepareProcess();
+#endif
 #ifdef Q_OS_UNIX
     // For root the browser's sandbox fails and ends the process. It stays on for all other users.
     if (geteuid() == 0)
@@ -69,5 +77,39 @@ bool CanKeepProjects()
             "such as your home directory, and start Ferncastle from there.",
         msgStop, "Ferncastle", false, wantsNoMore);
     return false;
+}
+
+bool MayWorkBesideOthers()
+{
+    if (Io::Claim(Paths::ProgramHostDir()))
+        return true;
+    bool wantsNoMore = false;
+    return Boxes::Ask(nullptr,
+               "Ferncastle is already running in this directory:\n\n" + Paths::ProgramHostDir() +
+                   "\n\nTwo that run at the same time can overwrite each other's projects and settings. Do you want to "
+                   "start Ferncastle all the same?",
+               msgYesNo | msgThirdDefault | 48, "Ferncastle", false, wantsNoMore) == answerYes;
+}
+
+void TellMissing()
+{
+    Text names;
+    int count = 0;
+    for (const QString &file : QStringLiteral(FERNCASTLE_NEEDED_FILES).split('|')) {
+        Text path = FromQString(file);
+        std::replace(path.begin(), path.end(), '/', '\\');
+        if (!Files::IsFile(InProgramDir(path)) && ++count <= 12)
+            names += path + "\n";
+    }
+    if (count == 0)
+        return;
+    if (count > 12)
+        names += "and " + std::to_string(count - 12) + " more\n";
+    bool wantsNoMore = false;
+    Boxes::Ask(nullptr,
+        "Some of Ferncastle's files are missing:\n\n" + names +
+            "\nFerncastle starts all the same, with plain buttons in place of missing pictures. To get the files back, "
+            "install Ferncastle again into the same folder; your projects are kept.",
+        msgOK + 48, "Ferncastle", false, wantsNoMore);
 }
 }  // namespace Application

@@ -1,34 +1,81 @@
 #include "desktop/Boxes.h"
+#include "core/AppVars.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include "toolkit/Services.h"
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <algorithm>
+#include <cmath>
 
 namespace Boxes
 {
-// All text is plain and can be selected, so that users can copy it into an error report.
+// Shows the text of a label in a view that breaks a long path anywhere. A label breaks only between words, and the text
+// must not contain anything that is not part of the path: users copy it into an error report.
+static void ShowInFull(QMessageBox &theBox, const QString &theLabel)
+{
+    auto *label = theBox.findChild<QLabel *>(theLabel);
+    if (!label)
+        return;
+    auto *words = new QTextEdit(&theBox);
+    words->setObjectName(theLabel + QStringLiteral("_words"));
+    words->setReadOnly(true);
+    words->setAccessibleName(label->text());
+    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    words->setFocusPolicy(Qt::ClickFocus);
+    words->setStyleSheet(Theme::HelpTextStyle());
+    words->setFrameShape(QFrame::NoFrame);
+    words->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    words->document()->setDocumentMargin(0);
+    words->setPlainText(label->text());
+    // Measured in another document, since the view breaks its own one into lines for its present size.
+    constexpr double widest = 460;
+    constexpr int frame = 4;  // the border and its rounding
+    QTextDocument measure(label->text());
+    measure.setDefaultFont(words->font());
+    measure.setDocumentMargin(0);
+    const double width = std::min(widest, std::ceil(measure.idealWidth()));
+    QTextOption breaks;
+    breaks.setWrapMode(words->wordWrapMode());
+    measure.setDefaultTextOption(breaks);
+    measure.setTextWidth(width);
+    const int highest = theBox.screen()->availableGeometry().height() / 2;
+    const int height = static_cast<int>(std::ceil(measure.size().height())) + frame;
+    words->setVerticalScrollBarPolicy(height > highest ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    words->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    words->setFixedSize(static_cast<int>(width) + frame + (height > highest ? 12 : 0), std::min(height, highest));
+    delete theBox.layout()->replaceWidget(label, words);
+    label->hide();
+}
+
+// To be called last, when the box has all its parts. All text is plain and can be selected.
 static void ApplyStyle(QMessageBox &theBox)
 {
-    // Includes the label of the informative text, whose format the box would otherwise guess.
-    for (auto *label : theBox.findChildren<QLabel *>())
-        label->setTextFormat(Qt::PlainText);
     theBox.setTextFormat(Qt::PlainText);
-    theBox.setTextInteractionFlags(Qt::TextSelectableByMouse);
     theBox.setStyleSheet(Theme::MessageBoxStyle());
     theBox.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowCloseButtonHint);
     for (QAbstractButton *button : theBox.buttons())
         button->setIcon(QIcon());
+    for (auto *label : theBox.findChildren<QLabel *>())
+        label->setTextFormat(Qt::PlainText);
+    ShowInFull(theBox, QStringLiteral("qt_msgbox_label"));
+    ShowInFull(theBox, QStringLiteral("qt_msgbox_informativelabel"));
 }
 
-// Adds a zero-width space after each backslash, so that a long path can wrap to the next line.
-static QString Breakable(const Text &theText)
+Text WithoutNames(const Text &thePrompt)
 {
-    return ToQString(theText).replace(QStringLiteral("\\"), QStringLiteral("\\\u200B"));
+    // The program's messages name a path, or something in quotation marks or behind a colon and two blanks.
+    static const QRegularExpression names(QStringLiteral("[A-Za-z]:\\\\[^\\n\"]*|:  [^\\n]*|\"[^\\n\"]*\"|[0-9]+"));
+    return FromQString(ToQString(thePrompt).remove(names));
 }
 
 static QMessageBox::Icon IconOf(int theFlags)
@@ -47,10 +94,12 @@ static QMessageBox::Icon IconOf(int theFlags)
     }
 }
 
-int Ask(
-    QWidget *theParent, const Text &thePrompt, int theFlags, const Text &theTitle, bool hasOptOut, bool &wantsNoMore)
+int Ask(QWidget *theParent, const Text &thePrompt, int theFlags, const Text &theTitle, bool hasOptOut,
+    bool &wantsNoMore, const Text &theReason)
 {
-    QMessageBox box(IconOf(theFlags), ToQString(theTitle), Breakable(thePrompt), QMessageBox::NoButton, theParent);
+    QMessageBox box(IconOf(theFlags), ToQString(theTitle), ToQString(thePrompt), QMessageBox::NoButton, theParent);
+    if (!theReason.empty())
+        box.setInformativeText(ToQString(theReason));
     wantsNoMore = false;
     if (!(theFlags & msgYesNo)) {
         box.addButton(QMessageBox::Ok);
@@ -89,26 +138,40 @@ QString ChooseFile(QWidget *theParent, const Text &theFilter, const QString &the
     return QFileDialog::getOpenFileName(theParent, QObject::tr("Open"), theStart, FiltersOf(theFilter));
 }
 
+QString ChooseFileToSave(QWidget *theParent, const QString &theTitle, const QString &theStart)
+{
+    return QFileDialog::getSaveFileName(theParent, theTitle, theStart);
+}
+
+// What the user has not lost.
+static QString WhatIsKept()
+{
+    if (ProjectNumber.empty())
+        return QObject::tr("Your projects are kept.");
+    return QObject::tr("All that you have entered is kept in project %1, and so are the files written so far.")
+        .arg(ToQString(ProjectNumber));
+}
+
 void ShowFailure(QWidget *theParent, const RuntimeFailure &theFailure)
 {
     QMessageBox box(QMessageBox::Critical, ToQString(DefaultBoxTitle),
         QObject::tr("Ferncastle must close because of an unexpected error."), QMessageBox::Ok, theParent);
-    box.setInformativeText(Breakable(theFailure.What + "\r\n\r\n" + theFailure.Where) +
-                           QObject::tr("\n\nThe files written so far are kept."));
+    box.setInformativeText(ToQString(theFailure.What + "\r\n\r\n" + theFailure.Where + "\r\n\r\n") + WhatIsKept());
     ApplyStyle(box);
     box.exec();
 }
 
-bool WantsToWait(QWidget *theParent, const Text &theWhere, const Text &theWhy)
+void ShowStandstill(QWidget *theParent, const Text &theWhere, const Text &theWhy)
 {
-    const QString title = ToQString(DefaultBoxTitle.empty() ? "Ferncastle" : DefaultBoxTitle);
-    QMessageBox box(
-        QMessageBox::Warning, title, QObject::tr("Ferncastle is not responding"), QMessageBox::NoButton, theParent);
-    box.setInformativeText(Breakable(theWhy + "\r\n\r\n" + theWhere));
-    const QPushButton *wait = box.addButton(QObject::tr("Wait"), QMessageBox::RejectRole);
-    box.setDefaultButton(box.addButton(QObject::tr("End Program"), QMessageBox::AcceptRole));
+    QMessageBox box(QMessageBox::Warning, ToQString(DefaultBoxTitle.empty() ? "Ferncastle" : DefaultBoxTitle),
+        QObject::tr("Ferncastle cannot finish this run."), QMessageBox::NoButton, theParent);
+    QString words = ToQString(theWhy) + QStringLiteral("\n\n") + WhatIsKept();
+    if (theWhere == "MakeKeywordedFileName")
+        words += QObject::tr(" To go on, start Ferncastle again and load the project. Then add keywords, or lower the "
+                             "number of keywords in a file name.");
+    box.setInformativeText(words + QStringLiteral("\n\n") + ToQString(theWhere));
+    box.addButton(QObject::tr("End Program"), QMessageBox::AcceptRole);
     ApplyStyle(box);
     box.exec();
-    return box.clickedButton() == wait;
 }
 }  // namespace Boxes

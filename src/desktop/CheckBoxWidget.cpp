@@ -31,7 +31,7 @@ bool CheckBoxWidget::hitButton(const QPoint &thePoint) const
 void CheckBoxWidget::keyPressEvent(QKeyEvent *theEvent)
 {
     if (theEvent->key() == Qt::Key_Return || theEvent->key() == Qt::Key_Enter)
-        click();
+        emit EnterUnused();
     else
         QCheckBox::keyPressEvent(theEvent);
 }

@@ -10,6 +10,10 @@ public:
     CheckBoxWidget(CheckBox &theBox, QWidget *theParent);
     void Update();
 
+signals:
+    // Space ticks the box; Enter leads on, as it does in a text box.
+    void EnterUnused();
+
 protected:
     bool hitButton(const QPoint &thePoint) const override;
     void paintEvent(QPaintEvent *theEvent) override;

@@ -1,4 +1,5 @@
 #include "desktop/Desktop.h"
+#include "core/AppVars.h"
 #include "desktop/Actions.h"
 #include "desktop/Addresses.h"
 #include "desktop/Boxes.h"
@@ -6,12 +7,15 @@
 #include "desktop/NoticeList.h"
 #include "desktop/QtText.h"
 #include "disk/Files.h"
+#include "disk/Losses.h"
 #include "disk/Paths.h"
 #include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <QAccessible>
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -20,8 +24,10 @@
 using namespace std::chrono_literals;
 
 // The pause between the end of one round of event processing and the start of the next: short enough to answer a click
-// at once, long enough that painting the counters hardly slows the run.
-static constexpr auto yieldEvery = 16ms;
+// within 50 ms, long enough that painting the counters hardly slows the run.
+static constexpr auto yieldEvery = 33ms;
+// The same while a mouse button is held: its release is the click.
+static constexpr auto yieldEveryWhilePressed = 8ms;
 // A screen reader sends about a hundred queries for a screen, one after the other, and each round answers only one.
 static constexpr auto yieldEveryForReaders = 2ms;
 static constexpr int boxesBeforeOptOut = 2;
@@ -29,6 +35,7 @@ static constexpr int boxesBeforeOptOut = 2;
 Desktop::Desktop()
 {
     heartbeat.setInterval(100);
+    connect(&heartbeat, &QTimer::timeout, this, &Desktop::ShowUncovered);
     heartbeat.start();
 }
 
@@ -43,7 +50,7 @@ int Desktop::Run(Form &theFirstForm)
 {
     SetPresentation(this);
     StartProgram(theFirstForm);
-    if (!hasEnded)
+    if (!hasEnded || hasLastList)
         QApplication::exec();
     return code;
 }
@@ -63,31 +70,6 @@ QWidget *Desktop::FrontWindow() const
     return order.empty() ? nullptr : WindowOf(*order.back());
 }
 
-// A screen opens where the previous one stands, so that the wizard looks like one window.
-void Desktop::Place(Window &theWindow)
-{
-    const QRect screen = theWindow.screen()->availableGeometry();
-    if (theWindow.TheForm.Design.Sizable) {
-        // The size it gets when the user restores it from maximized.
-        theWindow.resize(screen.size() * 4 / 5);
-        theWindow.move(screen.center() - theWindow.rect().center());
-        return;
-    }
-    if (!hasPlace || theWindow.windowFlags().testFlag(Qt::FramelessWindowHint)) {
-        theWindow.move(screen.center() - theWindow.rect().center());
-    } else {
-        for (auto form = order.rbegin(); form != order.rend(); ++form)
-            if (!(*form)->Design.Sizable) {
-                lastPlace = WindowOf(**form)->pos();
-                break;
-            }
-        theWindow.move(lastPlace);
-    }
-    lastPlace = theWindow.pos();
-    theWindow.TheForm.Now.Left = lastPlace.x();
-    hasPlace = hasPlace || !theWindow.windowFlags().testFlag(Qt::FramelessWindowHint);
-}
-
 void Desktop::Show(Form &theForm)
 {
     std::unique_ptr<Window> &window = windows[&theForm];
@@ -98,7 +80,8 @@ void Desktop::Show(Form &theForm)
         const QWidget *before = FrontWindow();
         window = std::make_unique<Window>(theForm, before ? before->screen() : nullptr, notices);
         connect(window.get(), &Window::HandlerRan, this, &Desktop::ShowChanges);
-        Place(*window);
+        connect(window.get(), &Window::Dragged, this, [this](QPoint theWay) { placement.Drag(theWay); });
+        placement.Open(*window);
         // Before the window is shown, see Pages::Make.
         for (Element *element : theForm.Elements())
             if (auto *browser = dynamic_cast<Browser *>(element))
@@ -118,6 +101,7 @@ void Desktop::Show(Form &theForm)
         window->raise();
         window->activateWindow();
     }
+    HideCovered(theForm);
     if (isNew) {
         Keyboard::SetInitialFocus(*window, std::exchange(focusWanted[&theForm], nullptr));
         for (Element *element : theForm.Elements()) {
@@ -128,6 +112,28 @@ void Desktop::Show(Form &theForm)
         }
     }
     nextYield = {};
+}
+
+// While the report is being made, the window of the run would stick out behind that of theForm when its help box is
+// open. For the program it stays as it is. The user gets it back when the report fails.
+void Desktop::HideCovered(const Form &theForm)
+{
+    if (!theForm.CloseRefused)
+        return;
+    for (Form *form : order)
+        if (form != &theForm && form->CloseRefused) {
+            WindowOf(*form)->hide();
+            covered = form;
+        }
+}
+
+void Desktop::ShowUncovered()
+{
+    if (!covered || covered->CloseRefused)
+        return;
+    if (Window *window = WindowOf(*covered))
+        window->show();
+    covered = nullptr;
 }
 
 void Desktop::Unload(Form &theForm)
@@ -148,8 +154,6 @@ void Desktop::Unload(Form &theForm)
     focusWanted.erase(&theForm);
     std::erase(order, &theForm);
     if (const auto found = windows.find(&theForm); found != windows.end()) {
-        if (!theForm.Design.Sizable && hasPlace)
-            lastPlace = found->second->pos();
         // A message box may still be open in an outer event loop; it must not be deleted with its parent.
         for (auto *box : found->second->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
             box->setParent(nullptr, box->windowFlags());
@@ -219,7 +223,10 @@ void Desktop::ProcessEvents(QEventLoop::ProcessEventsFlags theFlags)
     Actions::ProcessingEvents(true);
     QCoreApplication::processEvents(theFlags);
     Actions::ProcessingEvents(false);
-    nextYield = Clock::now() + (QAccessible::isActive() ? yieldEveryForReaders : yieldEvery);
+    const bool isPressed = QGuiApplication::mouseButtons() != Qt::NoButton;
+    nextYield = Clock::now() + (QAccessible::isActive() ? yieldEveryForReaders
+                                   : isPressed          ? yieldEveryWhilePressed
+                                                        : yieldEvery);
 }
 
 void Desktop::DoEvents()
@@ -248,15 +255,22 @@ void Desktop::PaintNow()
             window->repaint();
 }
 
+// Why the operation failed that theWords tell of: the system's words for the last failure with a file that they name.
+static Text ReasonFor(const Text &theWords)
+{
+    const auto &losses = Losses::All();
+    const auto found = std::find_if(losses.rbegin(), losses.rend(),
+        [&](const Losses::Loss &loss) { return theWords.find(loss.File) != Text::npos; });
+    return found == losses.rend() ? Text() : "Reason: " + found->Reason + ".";
+}
+
 int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
     ShowChanges();
     if (action != ActionsDone())
         boxesShown.clear();
     action = ActionsDone();
-    // During one action, a run over a large site for instance, the same message may come a thousand times for different
-    // files. Messages with the same first line count as the same.
-    const Text box = theTitle + "\n" + thePrompt.substr(0, thePrompt.find('\r'));
+    const Text box = theTitle + "\n" + Boxes::WithoutNames(thePrompt);
     const int times = boxesShown[box];
     if (times < 0 && !(theFlags & msgYesNo))
         return answerOK;
@@ -264,14 +278,35 @@ int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
     if (QWidget *window = FrontWindow(); window && QGuiApplication::applicationState() != Qt::ApplicationActive)
         QApplication::alert(window);
     bool wantsNoMore = false;
-    const int Result =
-        Boxes::Ask(FrontWindow(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore);
+    const int Result = Boxes::Ask(
+        FrontWindow(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore, ReasonFor(thePrompt));
     if (theFlags & msgYesNo)
         Actions::Answered(Result == answerYes);
     else
         boxesShown[box] = wantsNoMore ? -1 : times + 1;
     nextYield = {};
     return Result;
+}
+
+// The program reads lines that end with CR. theFile, or a copy with such line ends if it has none.
+QString Desktop::WithWindowsLineEnds(const QString &theFile)
+{
+    QFile file(theFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return theFile;
+    const QByteArray text = file.readAll();
+    if (!text.contains('\n') || text.contains('\r'))
+        return theFile;
+    copies = std::make_unique<QTemporaryDir>(QDir::temp().filePath(QStringLiteral("ferncastle-XXXXXX")));
+    const QString name = QFileInfo(theFile).fileName();
+    QFile copy(copies->filePath(name));
+    if (!copy.open(QIODevice::WriteOnly) || copy.write(QByteArray(text).replace("\n", "\r\n")) < text.size() ||
+        !copy.flush())
+        return theFile;
+    bool wantsNoMore = false;
+    const QString words = tr("%1 has Linux line ends, so Ferncastle reads a copy of it with Windows line ends.");
+    Boxes::Ask(FrontWindow(), FromQString(words.arg(name)), msgOK + 64, AppTitle, false, wantsNoMore);
+    return copy.fileName();
 }
 
 Text Desktop::OpenFile(const Text &theFilter)
@@ -282,7 +317,7 @@ Text Desktop::OpenFile(const Text &theFilter)
     const QString file = Boxes::ChooseFile(FrontWindow(), theFilter, lastDirectory);
     if (!file.isEmpty())
         lastDirectory = QFileInfo(file).path();
-    const Text Result = file.isEmpty() ? Text() : Paths::FromHost(FromQString(file));
+    const Text Result = file.isEmpty() ? Text() : Paths::FromHost(FromQString(WithWindowsLineEnds(file)));
     Actions::Chose(Result);
     return Result;
 }
@@ -327,17 +362,13 @@ void Desktop::Stop(Browser &theBrowser)
 void Desktop::Standstill(const Text &theWhere, const Text &theWhy)
 {
     ShowChanges();
-    while (Boxes::WantsToWait(FrontWindow(), theWhere, theWhy)) {
-        // Paints the windows but takes no input, because the program cannot respond.
-        const QScopedValueRollback<bool> paintingOnly(isPaintingOnly, true);
-        for (const auto until = Clock::now() + AskAgainAfter; Clock::now() < until;)
-            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
-    }
+    Boxes::ShowStandstill(FrontWindow(), theWhere, theWhy);
 }
 
 void Desktop::Lost(const Losses::Loss &theLoss)
 {
     notices.Add(theLoss);
+    hasLostAtEnd |= ProgramEnded();
 }
 
 void Desktop::Failure(const RuntimeFailure &theFailure)
@@ -358,5 +389,13 @@ void Desktop::Ended(int theCode)
     timers.clear();
     for (const auto &[form, window] : windows)
         window->hide();
+    // No screen is left that could show the notice.
+    if (hasLostAtEnd || (theCode == endFailure && !notices.IsEmpty())) {
+        hasLastList = true;
+        auto *list = new NoticeList(notices, nullptr);
+        QObject::connect(list, &QObject::destroyed, qApp, [theCode] { QCoreApplication::exit(theCode); });
+        list->show();
+        return;
+    }
     QCoreApplication::exit(theCode);
 }

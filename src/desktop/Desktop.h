@@ -1,10 +1,12 @@
 // The presentation that shows the program in windows.
 #pragma once
 #include "desktop/Notices.h"
+#include "desktop/Placement.h"
 #include "desktop/Window.h"
 #include "toolkit/Presentation.h"
 #include <QEventLoop>
 #include <QObject>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <chrono>
 #include <map>
@@ -20,8 +22,6 @@ public:
 
     // Starts the program and runs until it has ended. Returns the exit code.
     int Run(Form &theFirstForm);
-    // How long to wait before the not-responding box is shown again.
-    std::chrono::milliseconds AskAgainAfter{10000};
     // The window of a screen; null when it is not showing.
     Window *WindowOf(const Form &theForm) const;
 
@@ -47,8 +47,10 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-    void Place(Window &theWindow);
     void UpdateTimer(Timer &theTimer);
+    void HideCovered(const Form &theForm);
+    void ShowUncovered();
+    QString WithWindowsLineEnds(const QString &theFile);
     void ShowChanges();
     void ProcessEvents(QEventLoop::ProcessEventsFlags theFlags);
     QWidget *FrontWindow() const;
@@ -63,11 +65,15 @@ private:
     Clock::time_point nextYield;
     QTimer heartbeat;  // wakes WaitEvents at regular intervals
     bool isPaintingOnly = false;
-    QPoint lastPlace;
-    bool hasPlace = false;
-    unsigned long action = 0;        // the action to which boxesShown belongs
-    std::map<Text, int> boxesShown;  // how often each message was shown; -1 when the user has silenced it
+    Placement placement;
+    unsigned long action = 0;  // the action to which boxesShown belongs
+    // How often each message was shown, whatever files it named; -1 when the user has silenced it.
+    std::map<Text, int> boxesShown;
+    const Form *covered = nullptr;  // the screen whose window HideCovered has hidden
     QString lastDirectory;
+    std::unique_ptr<QTemporaryDir> copies;
     bool hasEnded = false;
+    bool hasLostAtEnd = false;  // after the last screen could show it
+    bool hasLastList = false;   // and its list is open; the process ends when it is closed
     int code = 0;
 };

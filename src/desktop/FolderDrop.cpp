@@ -7,7 +7,7 @@
 
 namespace FolderDrop
 {
-static DirList *PickerOf(const Form &theForm)
+DirList *PickerOf(const Form &theForm)
 {
     for (Element *element : theForm.Elements())
         if (auto *list = dynamic_cast<DirList *>(element); list && list->Now.Visible)
@@ -24,14 +24,9 @@ static Text DirectoryIn(const QMimeData &theData)
     return {};
 }
 
-bool IsWanted(const Form &theForm)
-{
-    return PickerOf(theForm) != nullptr;
-}
-
 bool CanTake(const Form &theForm, const QMimeData &theData)
 {
-    return IsWanted(theForm) && !DirectoryIn(theData).empty();
+    return PickerOf(theForm) && !DirectoryIn(theData).empty();
 }
 
 bool Take(const Form &theForm, const QMimeData &theData)

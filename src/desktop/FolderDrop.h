@@ -5,8 +5,8 @@
 
 namespace FolderDrop
 {
-// Whether the screen shows a directory picker, and so takes folders.
-bool IsWanted(const Form &theForm);
+// The directory picker of the screen, which takes folders; null when there is none.
+DirList *PickerOf(const Form &theForm);
 // Whether theData holds a folder that the screen can take now.
 bool CanTake(const Form &theForm, const QMimeData &theData);
 // Makes the pickers of the screen go to the folder in theData. Returns false when there is nothing to take.

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QShortcut>
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace Keyboard
@@ -83,6 +84,34 @@ void SetInitialFocus(Window &theWindow, const Control *theWanted)
     for (const Role role : {Role::Primary, Role::Next, Role::Tile, Role::Card, Role::Help})
         if (focusFirst([role](const Control &theControl) { return theControl.Design.As == role; }))
             return;
+}
+
+void FocusMissing(const Window &theWindow)
+{
+    const TextBox *wanted = nullptr;
+    for (const Control *control : theWindow.Controls())
+        if (const auto *box = dynamic_cast<const TextBox *>(control);
+            box && box->Now.Visible && (!wanted || (box->Now.Caption.empty() && !wanted->Now.Caption.empty())))
+            wanted = box;
+    if (wanted)
+        TakeFocus(theWindow, *wanted);
+}
+
+void FocusBoxOf(const Window &theWindow, const Control &theLabel)
+{
+    constexpr double near = 12;
+    const Place &words = theLabel.Now.At;
+    for (const Control *control : theWindow.Controls()) {
+        if (!dynamic_cast<const TextBox *>(control) && !dynamic_cast<const ListBox *>(control) &&
+            !dynamic_cast<const DirList *>(control))
+            continue;
+        const Place &box = control->Now.At;
+        const double below = box.Top - words.Top - words.Height, beside = box.Left - words.Left - words.Width;
+        const bool isBelow = box.Left == words.Left && below >= 0 && below <= near;
+        const bool isBeside = beside >= 0 && beside <= near && std::abs(box.Top - words.Top) <= near;
+        if ((isBelow || isBeside) && TakeFocus(theWindow, *control))
+            return;
+    }
 }
 
 void SetTabOrder(Window &theWindow)

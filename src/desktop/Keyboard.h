@@ -7,6 +7,10 @@ namespace Keyboard
 {
 // Puts the focus on theWanted; if that is null or cannot take the focus, on the control where a user would begin.
 void SetInitialFocus(Window &theWindow, const Control *theWanted);
+// Puts the focus on the text box that is still empty, or else on the first one.
+void FocusMissing(const Window &theWindow);
+// Puts the focus on the box that theLabel names: the one just below it or to its right.
+void FocusBoxOf(const Window &theWindow, const Control &theLabel);
 // Tab visits the notice on the menu bar, then the controls in the order in which the screen's file declares them.
 void SetTabOrder(Window &theWindow);
 // Alt+N and Alt+B press the buttons with the roles Next and Back, F1 opens the first help topic, Esc closes the help.

@@ -4,14 +4,14 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-static constexpr int cardHeight = 26;  // values and counters at least this high are painted on a card
+static constexpr int cardHeight = 26;  // counters at least this high are painted on a card
 static constexpr int cardMargin = 9;
 
 TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
     : QLabel(theParent), label(theLabel),
       isOneLine(label.Design.Style == TextStyle::Value || label.Design.Style == TextStyle::Counter ||
                 label.Design.Style == TextStyle::Status),
-      isOnCard(isOneLine && label.Design.At.Height >= cardHeight)
+      isOnCard(label.Design.Style == TextStyle::Counter && label.Design.At.Height >= cardHeight)
 {
     setTextFormat(Qt::PlainText);
     setFont(Theme::FontOf(label.Design.Style));
@@ -26,8 +26,12 @@ TextLabel::TextLabel(Label &theLabel, QWidget *theParent)
                                                          : Qt::AlignVCenter | Qt::AlignLeft);
     if (label.Design.Style == TextStyle::Counter && isOnCard)
         setAlignment(Qt::AlignVCenter | Qt::AlignRight);
+    if (label.Design.Style == TextStyle::HelpHeading)
+        setAlignment(Qt::AlignTop | Qt::AlignHCenter);
     if (isOnCard)
         setContentsMargins(cardMargin, 0, cardMargin, 0);
+    if (label.Design.Style == TextStyle::Value)
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
     // Otherwise the mouse goes to what lies below: a check box extends below its label.
     if (label.Design.Click)
         setCursor(Qt::PointingHandCursor);
@@ -47,13 +51,16 @@ void TextLabel::Update()
 
 void TextLabel::mouseReleaseEvent(QMouseEvent *theEvent)
 {
+    QLabel::mouseReleaseEvent(theEvent);
     if (theEvent->button() == Qt::LeftButton && rect().contains(theEvent->position().toPoint()))
         emit Pressed();
 }
 
 void TextLabel::paintEvent(QPaintEvent *theEvent)
 {
-    if (!isOneLine) {
+    // A value that is too long shows its start while part of it is selected.
+    const bool isSelectable = textInteractionFlags().testFlag(Qt::TextSelectableByMouse);
+    if (!isOneLine || (isSelectable && (toolTip().isEmpty() || hasSelectedText()))) {
         QLabel::paintEvent(theEvent);
         return;
     }

@@ -21,5 +21,6 @@ protected:
 
 private:
     bool TakesKey(int theKey);
+    void EnterLines(const QString &theText);
     TextBox &box;
 };

@@ -1,5 +1,6 @@
 #include "desktop/Lists.h"
 #include "desktop/Actions.h"
+#include "desktop/Hints.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
 #include "disk/Files.h"
@@ -7,10 +8,12 @@
 #include "toolkit/Pickers.h"
 #include <QKeyEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <map>
+#include <tuple>
 
 static void ApplyStyle(QListView &theView)
 {
@@ -21,7 +24,14 @@ static void ApplyStyle(QListView &theView)
     theView.setStyleSheet(Theme::ListStyle());
     theView.setMouseTracking(true);
     theView.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    theView.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    theView.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+}
+
+// The space below the last whole row of theView.
+static QMargins SpareSpace(const QListView &theView)
+{
+    const int row = std::max(1, theView.sizeHintForRow(0));
+    return {0, 0, 0, theView.contentsRect().height() % row};
 }
 
 // Screen readers select a row without making it current, or clear the selection. The program knows only the current
@@ -55,8 +65,11 @@ QVariant ListBoxModel::data(const QModelIndex &theIndex, int theRole) const
     const auto row = static_cast<std::size_t>(theIndex.row());
     if ((theRole != Qt::DisplayRole && theRole != Qt::ToolTipRole) || row >= list.NowRows.size())
         return {};
-    const QString words = ToQString(list.NowRows[row]);
-    return theRole == Qt::ToolTipRole ? ToolTipText(words) : words;
+    if (theRole == Qt::ToolTipRole)
+        return ToolTipText(Hints::TipOf(list, theIndex.row()));
+    // A row is one line, whatever it holds.
+    static const QRegularExpression lineBreaks(QStringLiteral("[\\r\\n]"));
+    return ToQString(list.NowRows[row]).replace(lineBreaks, QStringLiteral("\u21B5"));
 }
 
 void ListBoxModel::Reset()
@@ -106,20 +119,37 @@ void ListBoxView::currentChanged(const QModelIndex &theCurrent, const QModelInde
         Actions::Select(list, theCurrent.row());
 }
 
+// Qt makes a row current when the focus comes, but the user has not chosen it.
+void ListBoxView::focusInEvent(QFocusEvent *theEvent)
+{
+    const QScopedValueRollback<bool> updating(isUpdating, true);
+    QListView::focusInEvent(theEvent);
+    if (list.NowIndex < 0)
+        setCurrentIndex({});
+}
+
+void ListBoxView::resizeEvent(QResizeEvent *theEvent)
+{
+    QListView::resizeEvent(theEvent);
+    setViewportMargins(SpareSpace(*this));
+}
+
 void ListBoxView::keyPressEvent(QKeyEvent *theEvent)
 {
     if (IsEnter(*theEvent) && list.Design.DblClick)
         Actions::DoubleClick(list);
+    else if (theEvent->key() == Qt::Key_Space && !currentIndex().isValid())
+        setCurrentIndex(rows->index(0));
     else
         QListView::keyPressEvent(theEvent);
 }
 
 // A folder icon that includes the indent of its row. The text of the row then starts with the name, so that the user
 // can find a row by typing.
-static QPixmap FolderPicture(int theDepth, bool isOpen)
+static QPixmap FolderPicture(int theDepth, bool isOpen, bool isDim)
 {
-    static std::map<std::pair<int, bool>, QPixmap> kept;
-    QPixmap &Result = kept[{theDepth, isOpen}];
+    static std::map<std::tuple<int, bool, bool>, QPixmap> kept;
+    QPixmap &Result = kept[{theDepth, isOpen, isDim}];
     if (!Result.isNull())
         return Result;
     constexpr int side = 16, indent = 14, fineness = 3;
@@ -129,12 +159,12 @@ static QPixmap FolderPicture(int theDepth, bool isOpen)
     QPainter painter(&Result);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(theDepth * indent, 0);
-    painter.setPen(QPen(Theme::AmberDark, 1));
-    painter.setBrush(isOpen ? Theme::White : Theme::Amber);
+    painter.setPen(QPen(isDim ? Theme::Border : Theme::AmberDark, 1));
+    painter.setBrush(isOpen ? Theme::White : isDim ? Theme::Line : Theme::Amber);
     painter.drawRoundedRect(QRectF(1.5, 2.5, 6.5, 5), 1.5, 1.5);
     painter.drawRoundedRect(QRectF(1.5, 4.5, 13, 9), 1.5, 1.5);
     if (isOpen) {
-        painter.setBrush(Theme::Amber);
+        painter.setBrush(isDim ? Theme::Line : Theme::Amber);
         painter.drawRoundedRect(QRectF(1.5, 8, 13, 5.5), 1.5, 1.5);
     }
     return Result;
@@ -160,12 +190,17 @@ QVariant DirListModel::data(const QModelIndex &theIndex, int theRole) const
     const int row = ListRow(theIndex.row());
     const Text path = list.List(row);
     if (theRole == Qt::ToolTipRole)
-        return ToolTipText(ToQString(path));
+        return ToolTipText(
+            ToQString(path) + QStringLiteral("\n") + tr("You can also drag the folder of your site to this window."));
     // Tells screen readers what the icon shows.
     if (theRole == Qt::AccessibleDescriptionRole)
         return row < 0 ? QStringLiteral("open") : QString();
+    if (theRole == Qt::ForegroundRole)
+        return Hints::IsOfProject(path) ? QVariant(Theme::Dim) : QVariant();
+    if (theRole == NoteRole)
+        return Hints::NoteOn(path);
     if (theRole == Qt::DecorationRole)
-        return FolderPicture(std::min(row < 0 ? theIndex.row() : depth, 10), row < 0);
+        return FolderPicture(std::min(row < 0 ? theIndex.row() : depth, 10), row < 0, Hints::IsOfProject(path));
     if (theRole != Qt::DisplayRole)
         return {};
     return ToQString(path.size() == 3 ? path : path.substr(path.find_last_of('\\') + 1));
@@ -178,7 +213,7 @@ void DirListModel::Reset()
     endResetModel();
 }
 
-// Keeps the colours of the icon in a selected row.
+// Keeps the colours of the icon in a selected row, and paints the note on a directory at the right end of its row.
 class FolderDelegate : public QStyledItemDelegate
 {
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -186,6 +221,20 @@ class FolderDelegate : public QStyledItemDelegate
     {
         QStyledItemDelegate::initStyleOption(theOption, theIndex);
         theOption->icon.addPixmap(theIndex.data(Qt::DecorationRole).value<QPixmap>(), QIcon::Selected);
+    }
+    void paint(QPainter *thePainter, const QStyleOptionViewItem &theOption, const QModelIndex &theIndex) const override
+    {
+        QStyledItemDelegate::paint(thePainter, theOption, theIndex);
+        const QString note = theIndex.data(DirListModel::NoteRole).toString();
+        const QRect place = theOption.rect.adjusted(0, 0, -8, 0);
+        const QFontMetrics words(theOption.font);
+        const int taken = theIndex.data(Qt::DecorationRole).value<QPixmap>().deviceIndependentSize().toSize().width() +
+                          words.horizontalAdvance(theIndex.data().toString()) + 40;
+        if (note.isEmpty() || taken + words.horizontalAdvance(note) > place.width())
+            return;
+        thePainter->setFont(Theme::FontOf(TextStyle::Dim));
+        thePainter->setPen(theOption.state & QStyle::State_Selected ? Theme::White : Theme::Fern);
+        thePainter->drawText(place, Qt::AlignRight | Qt::AlignVCenter, note);
     }
 };
 
@@ -239,6 +288,12 @@ void DirListView::keyPressEvent(QKeyEvent *theEvent)
         GoToRow(currentIndex());
     else
         QListView::keyPressEvent(theEvent);
+}
+
+void DirListView::resizeEvent(QResizeEvent *theEvent)
+{
+    QListView::resizeEvent(theEvent);
+    setViewportMargins(SpareSpace(*this));
 }
 
 DriveComboBox::DriveComboBox(DriveList &theList, QWidget *theParent) : QComboBox(theParent), list(theList)

@@ -29,7 +29,9 @@ public:
 
 protected:
     void currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious) override;
+    void focusInEvent(QFocusEvent *theEvent) override;
     void keyPressEvent(QKeyEvent *theEvent) override;
+    void resizeEvent(QResizeEvent *theEvent) override;
 
 private:
     ListBox &list;
@@ -45,6 +47,7 @@ class DirListModel : public QAbstractListModel
 {
     Q_OBJECT
 public:
+    static constexpr int NoteRole = Qt::UserRole;  // a few words about a directory
     DirListModel(DirList &theList, QObject *theParent) : QAbstractListModel(theParent), list(theList) {}
     int rowCount(const QModelIndex &theParent = {}) const override;
     QVariant data(const QModelIndex &theIndex, int theRole) const override;
@@ -68,6 +71,7 @@ public:
 protected:
     void currentChanged(const QModelIndex &theCurrent, const QModelIndex &thePrevious) override;
     void keyPressEvent(QKeyEvent *theEvent) override;
+    void resizeEvent(QResizeEvent *theEvent) override;
 
 private:
     void GoToRow(const QModelIndex &theRow);

@@ -1,6 +1,7 @@
 #include "desktop/PictureButton.h"
 #include "desktop/FocusRing.h"
 #include "desktop/Pictures.h"
+#include "desktop/Theme.h"
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -30,6 +31,8 @@ static QPainterPath OutlineOf(Role theRole, const QRectF &theRect)
 PictureButton::PictureButton(Role theRole, QWidget *theParent) : QAbstractButton(theParent), role(theRole)
 {
     setCursor(Qt::PointingHandCursor);
+    // A press with the mouse leaves the focus where the user types.
+    setFocusPolicy(Qt::TabFocus);
 }
 
 void PictureButton::SetPicture(const Text &thePath)
@@ -46,9 +49,18 @@ void PictureButton::paintEvent(QPaintEvent *)
     if (!isEnabled())
         painter.setOpacity(0.45);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(rect(), PictureAt(picture, devicePixelRatioF()));
+    const QPixmap &shown = PictureAt(picture, devicePixelRatioF());
+    painter.drawPixmap(rect(), shown);
     const QPainterPath shape = OutlineOf(role, QRectF(rect()));
     painter.setRenderHint(QPainter::Antialiasing);
+    if (shown.isNull()) {
+        // The file of the picture is missing.
+        painter.fillPath(shape, Theme::White);
+        painter.strokePath(shape, QPen(Theme::Border, 2));
+        painter.setPen(Theme::Pine);
+        painter.drawText(
+            rect(), Qt::AlignCenter | Qt::TextWordWrap, role == Role::Help ? QStringLiteral("?") : accessibleName());
+    }
     if (isDown())
         painter.fillPath(shape, QColor(0, 0, 0, 56));
     else if (underMouse() && isEnabled())

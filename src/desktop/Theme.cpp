@@ -87,7 +87,7 @@ QPalette LightPalette()
     set(QPalette::Dark, Border);
     set(QPalette::Shadow, Dim);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        Result.setColor(QPalette::Disabled, role, Border);
+        Result.setColor(QPalette::Disabled, role, Dim);
     Result.setColor(QPalette::Inactive, QPalette::Highlight, Fern);
     return Result;
 }
@@ -97,15 +97,16 @@ QString MenuStyle()
     return QStringLiteral("QMenuBar { background: #123F38; color: #E3F0EA; border: 0; spacing: 2px; }"
                           "QMenuBar::item { background: transparent; padding: 4px 10px; }"
                           "QMenuBar::item:selected { background: #1F6B55; color: white; }"
-                          "QMenu { background: white; color: #20302C; border: 1px solid #AFC1B8; padding: 4px 0; }"
+                          "QMenu { background: white; color: #20302C; border: 1px solid #768C82; padding: 4px 0; }"
                           "QMenu::item { padding: 5px 28px 5px 26px; }"
+                          "QMenu::item:disabled { color: #5A6B65; }"
                           "QMenu::item:selected { background: #1F6B55; color: white; }"
                           "QMenu::separator { height: 1px; background: #D5DFDA; margin: 4px 8px; }");
 }
 
 static const char *const slimScrollBar =
     "QScrollBar:vertical { width: 9px; background: transparent; margin: 0; }"
-    "QScrollBar::handle:vertical { background: #AFC1B8; border-radius: 4px; min-height: 24px; margin-left: 1px; }"
+    "QScrollBar::handle:vertical { background: #768C82; border-radius: 4px; min-height: 24px; margin-left: 1px; }"
     "QScrollBar::handle:vertical:hover { background: #5A6B65; }"
     "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
     "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
@@ -113,10 +114,10 @@ static const char *const slimScrollBar =
 QString ListStyle()
 {
     return QString::fromLatin1(slimScrollBar) +
-           QStringLiteral("QListView { background: white; border: 1px solid #AFC1B8; border-radius: 6px; padding: 3px; "
+           QStringLiteral("QListView { background: white; border: 1px solid #768C82; border-radius: 6px; padding: 3px; "
                           "outline: 0; }"
                           "QListView:focus { border: 2px solid #1F6B55; padding: 2px; }"
-                          "QListView::item { padding: 2px 6px; border-radius: 4px; color: #20302C; }"
+                          "QListView::item { padding: 2px 6px; border-radius: 4px; }"
                           "QListView::item:hover { background: #E3F0EA; }"
                           "QListView::item:selected { background: #1F6B55; color: white; }");
 }
@@ -124,7 +125,7 @@ QString ListStyle()
 QString TableStyle()
 {
     return QString::fromLatin1(slimScrollBar) +
-           QStringLiteral("QTreeView { background: white; border: 1px solid #AFC1B8; outline: 0; }"
+           QStringLiteral("QTreeView { background: white; border: 1px solid #768C82; outline: 0; }"
                           "QTreeView:focus { border: 2px solid #1F6B55; }"
                           "QTreeView::item { padding: 4px 0; color: #20302C; }"
                           "QTreeView::item:hover { background: #E3F0EA; }"
@@ -135,7 +136,7 @@ QString TableStyle()
 
 QString LineEditStyle()
 {
-    return QStringLiteral("QLineEdit { background: white; border: 1px solid #AFC1B8; border-radius: 6px; "
+    return QStringLiteral("QLineEdit { background: white; border: 1px solid #768C82; border-radius: 6px; "
                           "padding: 1px 6px; color: #20302C; }"
                           "QLineEdit:focus { border: 2px solid #1F6B55; padding: 0 5px; }"
                           "QLineEdit:disabled { background: #F0F4F1; }");
@@ -143,7 +144,7 @@ QString LineEditStyle()
 
 QString ComboBoxStyle()
 {
-    return QStringLiteral("QComboBox { background: white; border: 1px solid #AFC1B8; border-radius: 6px; "
+    return QStringLiteral("QComboBox { background: white; border: 1px solid #768C82; border-radius: 6px; "
                           "padding: 1px 8px; color: #20302C; }"
                           "QComboBox:focus { border: 2px solid #1F6B55; padding: 0 7px; }"
                           "QComboBox::drop-down { border: 0; width: 24px; }"
@@ -160,16 +161,28 @@ QString HelpTextStyle()
 
 QString ToolBarStyle()
 {
-    return QStringLiteral("QToolButton { background: white; border: 1px solid #AFC1B8; border-radius: 7px; "
+    return QStringLiteral("QToolButton { background: white; border: 1px solid #768C82; border-radius: 7px; "
                           "padding: 5px 12px 5px 8px; color: #123F38; }"
                           "QToolButton:hover { background: #E3F0EA; }"
                           "QToolButton:pressed { background: #C9D6CF; }"
-                          "QToolButton:focus { border: 2px solid #1B2F5B; padding: 4px 11px 4px 7px; }");
+                          "QToolButton:focus { border: 2px solid #1B2F5B; padding: 4px 11px 4px 7px; }"
+                          "QToolButton:disabled { background: transparent; border-color: #D5DFDA; color: #AFC1B8; }");
+}
+
+QString HintStyle()
+{
+    return QStringLiteral("background: #DCE8F7; border: 1px solid #768C82; border-radius: 6px; padding: 4px 7px; "
+                          "color: #20302C;");
+}
+
+QString DropStyle()
+{
+    return QStringLiteral("background: rgba(111, 191, 150, 70); border: 3px solid #1F6B55; border-radius: 6px;");
 }
 
 QString MessageBoxStyle()
 {
-    return QStringLiteral("QPushButton { background: white; border: 1px solid #AFC1B8; border-radius: 7px; "
+    return QStringLiteral("QPushButton { background: white; border: 1px solid #768C82; border-radius: 7px; "
                           "min-width: 72px; padding: 6px 14px; color: #123F38; }"
                           "QPushButton:hover { background: #E3F0EA; }"
                           "QPushButton:pressed { background: #C9D6CF; }"

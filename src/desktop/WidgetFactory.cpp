@@ -5,6 +5,7 @@
 #include "desktop/Labels.h"
 #include "desktop/LineEdit.h"
 #include "desktop/Lists.h"
+#include "desktop/PageTools.h"
 #include "desktop/PictureButton.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtText.h"
@@ -12,7 +13,7 @@
 #include "desktop/Theme.h"
 #include "desktop/Window.h"
 #include "toolkit/Pickers.h"
-#include <QHBoxLayout>
+#include <QBoxLayout>
 #include <QPushButton>
 #include <QShortcut>
 #include <QToolButton>
@@ -97,6 +98,9 @@ static ControlWidget MakeToolBar(ToolBar &theBar, Window &theWindow)
         for (const ToolLook &look : toolLooks)
             if (tool.Key == look.Key) {
                 button->setArrowType(look.Arrow);
+                button->setToolTip(ToQString(tool.Tip) + QStringLiteral(" (") +
+                                   QKeySequence(look.Shortcut).toString(QKeySequence::NativeText) +
+                                   QStringLiteral(")\n\n") + PageTools::KeysText());
                 QObject::connect(new QShortcut(look.Shortcut, &theWindow), &QShortcut::activated, &theWindow, press);
             }
         layout->addWidget(button);
@@ -124,8 +128,12 @@ ControlWidget MakeWidget(Control &theControl, Window &theWindow)
         return MakeButton(*button, theWindow);
     if (auto *bar = dynamic_cast<ToolBar *>(&theControl))
         return MakeToolBar(*bar, theWindow);
-    if (auto *box = dynamic_cast<CheckBox *>(&theControl))
-        return MakeOwn<CheckBoxWidget>(*box, theWindow);
+    if (auto *box = dynamic_cast<CheckBox *>(&theControl)) {
+        auto *widget = new CheckBoxWidget(*box, &theWindow);
+        QObject::connect(
+            widget, &CheckBoxWidget::EnterUnused, &theWindow, [&theWindow] { theWindow.PressFirst(Role::Next); });
+        return {widget, [widget] { widget->Update(); }};
+    }
     if (auto *list = dynamic_cast<ListBox *>(&theControl))
         return MakeOwn<ListBoxView>(*list, theWindow);
     if (auto *list = dynamic_cast<DirList *>(&theControl))
@@ -139,7 +147,9 @@ ControlWidget MakeWidget(Control &theControl, Window &theWindow)
     if (dynamic_cast<Browser *>(&theControl)) {
         // Holds the page view, which the window makes later.
         auto *holder = new QWidget(&theWindow);
-        (new QHBoxLayout(holder))->setContentsMargins(0, 0, 0, 0);
+        auto *rows = new QVBoxLayout(holder);
+        rows->setContentsMargins(0, 0, 0, 0);
+        rows->setSpacing(0);
         return {holder, {}};
     }
     return {};

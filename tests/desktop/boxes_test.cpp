@@ -1,17 +1,20 @@
 // Message boxes, and unusual texts in boxes and on screens.
 #include "WindowTest.h"
 #include "desktop/Boxes.h"
+#include "disk/Losses.h"
 #include "toolkit/Gates.h"
 #include "wizard/frmConfirm.h"
 #include "wizard/frmDoItAlready.h"
 #include "wizard/frmLoad.h"
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QTextDocumentFragment>
+#include <QTextEdit>
 
 // A screen with one button, which runs theClick.
 static Form &Probe(Handler theClick)
@@ -35,7 +38,7 @@ static Text ButtonsOf(const QWidget &theBox)
 
 static Text Informs(const QWidget &theBox)
 {
-    return dynamic_cast<const QMessageBox &>(theBox).informativeText().remove(QChar(0x200B)).toStdString();
+    return dynamic_cast<const QMessageBox &>(theBox).informativeText().toStdString();
 }
 
 TEST_F(WindowTest, BoxesByTheirFlags)
@@ -125,29 +128,52 @@ TEST_F(WindowTest, UntrappedFailure)
     EXPECT_EQ(code, 3);
 }
 
+TEST_F(WindowTest, StartBesideAnotherProcess)
+{
+    EXPECT_TRUE(Application::MayWorkBesideOthers());
+    for (const bool goesOn : {false, true}) {
+        AnswerNextBox(goesOn ? "Yes" : "No");
+        EXPECT_EQ(Application::MayWorkBesideOthers(), goesOn);
+        EXPECT_NE(boxSaid.find("already running"), Text::npos);
+    }
+}
+
 TEST_F(WindowTest, Standstill)
 {
-    int boxes = 0;
-    desktop->AskAgainAfter = std::chrono::milliseconds(50);
-    const std::function<void(QWidget &)> answer = [&](QWidget &theBox) {
-        const Text informs = Informs(theBox);
-        EXPECT_TRUE(informs.starts_with("There are too few keywords.\n\nMakeKeywordedFileName")) << informs;
-        EXPECT_EQ(ButtonsOf(theBox).find("*End Program") != Text::npos, true);
-        const char *button = ++boxes == 1 ? "Wait" : "End Program";
-        if (boxes == 1)
-            InNextBox(answer);
-        for (auto *one : theBox.findChildren<QPushButton *>())
-            if (one->text() == QLatin1String(button))
-                QTest::mouseClick(one, Qt::LeftButton);
-    };
+    MakeProject();
     RunProgram(
         [&] {
-            InNextBox(answer);
+            InNextBox([](QWidget &theBox) {
+                const Text informs = Informs(theBox);
+                for (const char *words : {"There are too few keywords.", "kept in project 0001", "add keywords"})
+                    EXPECT_NE(informs.find(words), Text::npos) << words << ": " << informs;
+                // Nothing can change any more, so there is nothing to wait for.
+                EXPECT_EQ(ButtonsOf(theBox), "*End Program ");
+                QTest::keyClick(theBox.focusWidget(), Qt::Key_Return);
+            });
             Click("frmProbe.go");
         },
         Probe([] { ::Standstill("MakeKeywordedFileName", "There are too few keywords."); }));
     EXPECT_EQ(code, 4);
-    EXPECT_EQ(boxes, 2);
+}
+
+TEST_F(WindowTest, ReasonsAndNames)
+{
+    StartProgram(frmSplash::Me);
+    Losses::Note({"No space left on device", "c:\\site\\a b.htm"});
+    for (const bool isKnown : {true, false}) {
+        InNextBox([&](QWidget &theBox) {
+            EXPECT_EQ(Informs(theBox), isKnown ? "Reason: No space left on device." : "");
+            QTest::keyClick(&theBox, Qt::Key_Return);
+        });
+        MsgBox(Text("Error copying:\r\nfrom:  c:\\site\\") + (isKnown ? "a b" : "other") + ".htm\r\nTo:  c:\\b.htm");
+    }
+    const Text error = Boxes::WithoutNames("Error:\r\nThe file:\r\nc:\\a b\\1.sav\r\ncould not be found.");
+    EXPECT_EQ(error, Boxes::WithoutNames("Error:\r\nThe file:\r\nd:\\22.sav\r\ncould not be found."));
+    EXPECT_NE(error, Boxes::WithoutNames("Error:\r\nThe file:\r\nc:\\a b\\1.sav\r\nhas no delimeters."));
+    EXPECT_EQ(
+        Boxes::WithoutNames("File \"x.htm\" does not exist - p"), Boxes::WithoutNames("File \"y\" does not exist - p"));
+    EXPECT_EQ(Boxes::WithoutNames("this case:  a.gif\r\nq"), Boxes::WithoutNames("this case:  ../b.gif\r\nq"));
 }
 
 TEST_F(WindowTest, TextsOfEveryKind)
@@ -168,12 +194,19 @@ TEST_F(WindowTest, TextsOfEveryKind)
         const QWidget *site = WidgetOf(screen + ".lblOrigSiteDir");
         EXPECT_EQ(site->toolTip().toStdString(), LocalSiteDir);
         EXPECT_EQ(site->width(), 350);
+        auto *chosen = qobject_cast<QLabel *>(WidgetOf(screen + ".lblProjName"));
+        QTest::mouseDClick(chosen, Qt::LeftButton, {}, QPoint(8, 13));
+        EXPECT_EQ(chosen->selectedText(), name.left(4));
     }
     GoTo(frmConfirm::Me);
+    // The tip of a project tells it from another one of the same name.
+    const QString more = QString::fromStdString(
+        "\nProject 0001\nDomain: fernandfriends.example\nFolder: " + Paths::ProgramDir() + "\\sample\\");
     const auto row = [&](const char *theList) {
         const QAbstractItemModel *rows = qobject_cast<QListView *>(WidgetOf(theList))->model();
         const QString tip = rows->index(0, 0).data(Qt::ToolTipRole).toString();
-        EXPECT_EQ(Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip, name);
+        EXPECT_EQ(Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip,
+            Text(theList) == "frmLoad.lstProjNames" ? name + more : name);
         return rows->index(0, 0).data().toString();
     };
     EXPECT_EQ(row("frmConfirm.lstKeywords"), name);
@@ -181,16 +214,17 @@ TEST_F(WindowTest, TextsOfEveryKind)
     EXPECT_EQ(row("frmLoad.lstProjNames"), name);
     InNextBox([&](QWidget &theBox) {
         EXPECT_EQ(dynamic_cast<QMessageBox &>(theBox).textFormat(), Qt::PlainText);
-        // All of the text must be readable: a long path wraps.
-        for (const auto *label : theBox.findChildren<QLabel *>()) {
-            const QRect words = label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
-            EXPECT_LE(words.width(), label->width());
-        }
+        // All of the text must be readable: a long path wraps. What is copied is the path itself.
+        auto *words = theBox.findChild<QTextEdit *>("qt_msgbox_label_words");
+        EXPECT_LE(words->document()->size().width(), words->width());
+        EXPECT_NEAR(words->document()->size().height(), words->height(), 6);
+        words->selectAll();
+        words->copy();
         EXPECT_LE(theBox.width(), theBox.screen()->availableGeometry().width());
         EXPECT_LE(theBox.height(), theBox.screen()->availableGeometry().height());
         QTest::keyClick(&theBox, Qt::Key_Return);
     });
     MsgBox("Error copying:\r\nfrom:  " + LocalSiteDir + LocalSiteDir + "\r\nTo:  " + ProjectName);
-    const Text shown = QString::fromStdString(boxSaid).remove(QChar(0x200B)).toStdString();
-    EXPECT_EQ(shown, "Error copying:\nfrom:  " + LocalSiteDir + LocalSiteDir + "\nTo:  " + name.toStdString());
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), boxSaid);
+    EXPECT_EQ(boxSaid, "Error copying:\nfrom:  " + LocalSiteDir + LocalSiteDir + "\nTo:  " + name.toStdString());
 }

@@ -238,7 +238,7 @@ def choose_keywords():
     for chosen, left in ("heather", ["bracken"]), ("bracken", []):
         act(ROW, chosen)
         press("Remove")
-        find(LABEL, f"Remove the following Keyword:.*{chosen}")
+        find(TEXT, f"Remove the following Keyword:.*{chosen}")
         press("Yes")
         expect("keywords", lambda: rows_of(words), left)
     press("Load")
@@ -294,7 +294,7 @@ def leave():
     for answer in "No", "Yes":
         # The call must return before the question is answered.
         act(MENU, "Close Report")
-        find(LABEL, "Are you sure you want to exit.")
+        find(TEXT, "Are you sure you want to exit.")
         until("focus on No", lambda: has(seek(BUTTON, "No"), State.FOCUSED))
         press(answer)
         if answer == "No":

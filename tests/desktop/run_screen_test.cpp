@@ -1,6 +1,7 @@
 // What a user can do during a run.
 #include "WindowTest.h"
 #include "engine/frmProcess.h"
+#include "report/frmGeneratingReport.h"
 #include "toolkit/Gates.h"
 #include "wizard/frmDoItAlready.h"
 #include <QMenu>
@@ -85,21 +86,28 @@ struct Run : WindowTest {
 
 TEST_F(Run, PausesAndGoesOn)
 {
-    int files = 0, pauses = 0;
+    int files = 0, pauses = 0, tips = 0;
+    bool isCovered = false;
     QRect place;
     QImage paused, late;
     At(5, [&] {
         place = WidgetOf("frmProcess.btnPause")->geometry();
+        WidgetOf("frmProcess.btnPause")->setFocus(Qt::TabFocusReason);
         When([] { return The("frmProcess.btnResume").Now.Visible; },
             [&] {
                 files = Files();
-                const std::size_t pages = NewPages();
                 // The counters stand still and are painted, and nothing is written to the disk.
                 EXPECT_TRUE(WaitUntil([&] {
                     paused = Seen("frmProcess.lblFilesCnt");
                     return paused ==
                            WidgetOf("frmProcess.lblFilesCnt")->grab().toImage().convertToFormat(paused.format());
                 }));
+                std::size_t pages = 0;
+                EXPECT_TRUE(WaitUntil([&] {
+                    pages = NewPages();
+                    WaitUntil([] { return false; }, 80);
+                    return NewPages() == pages;
+                })) << "only the writer's last pages may still come";
                 WaitUntil([] { return false; }, 60);
                 EXPECT_EQ(Files(), files);
                 EXPECT_EQ(NewPages(), pages);
@@ -108,17 +116,28 @@ TEST_F(Run, PausesAndGoesOn)
                 EXPECT_EQ(WidgetOf("frmProcess.btnResume")->geometry(), place);
                 EXPECT_EQ(Focused(), "btnResume");
                 ++pauses;
-                Click("frmProcess.btnResume");
+                Key(Qt::Key_Space);
             });
-        Click("frmProcess.btnPause");
+        Key(Qt::Key_Space);
         EXPECT_TRUE(WaitUntil([&] { return WidgetOf("frmProcess.btnPause")->isVisible(); }));
         EXPECT_EQ(Focused(), "btnPause");
         const int afterPause = Files();
         At(afterPause + 10, [&] {
             late = Seen("frmProcess.lblFilesCnt");
             // The window of a run cannot be closed.
+            WindowOf("frmProcess")->move(0, 0);
             WindowOf("frmProcess")->close();
             EXPECT_TRUE(frmProcess::Me.Visible);
+            // The tip names Cancel and does not cover it.
+            for (const QWidget *tip : QApplication::topLevelWidgets())
+                if (tip->isVisible() && tip->windowType() == Qt::ToolTip) {
+                    const QWidget *cancel = WidgetOf("frmProcess.btnCancel");
+                    EXPECT_FALSE(tip->geometry().intersects({cancel->mapToGlobal(QPoint()), cancel->size()}));
+                    ++tips;
+                }
+            // While the report is made, a wider run window must not stick out.
+            When([] { return frmGeneratingReport::Me.Visible; },
+                [&] { isCovered = frmProcess::Me.Visible && WindowOf("frmProcess")->isHidden(); });
         });
     });
     RunProgram([&] {
@@ -127,6 +146,8 @@ TEST_F(Run, PausesAndGoesOn)
     });
     EXPECT_EQ(code, 0);
     EXPECT_EQ(pauses, 1);
+    EXPECT_EQ(tips, 1);
+    EXPECT_TRUE(isCovered);
     EXPECT_LT(files, pageCount);
     EXPECT_FALSE(IsBlank(paused));
     // Only the run itself can have painted this.

@@ -11,6 +11,7 @@
 #include "wizard/frmWelcome.h"
 #include <QAccessible>
 #include <QLabel>
+#include <QListView>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScrollBar>
@@ -118,7 +119,8 @@ struct Screens : WindowTest {
             else if (isPressed || IsFilledIn(theControl) || IsReading(theControl))
                 Result.push_back(&theWidget);
             for (QWidget *tool : theWidget.findChildren<QToolButton *>())
-                Result.push_back(tool);
+                if (tool->isEnabled())
+                    Result.push_back(tool);
         });
         return Result;
     }
@@ -162,6 +164,8 @@ TEST_F(Screens, WordsFitAndNothingOverlaps)
                 place = WordsOf(*label);
                 EXPECT_LE(place.height(), label->contentsRect().height()) << label->text().toStdString();
                 EXPECT_LE(place.width(), label->contentsRect().width()) << label->text().toStdString();
+            } else if (const auto *list = qobject_cast<QListView *>(&theWidget); list && list->sizeHintForRow(0) > 0) {
+                EXPECT_EQ(list->viewport()->height() % list->sizeHintForRow(0), 0);
             } else if (hasWords || dynamic_cast<TextBox *>(&theControl)) {
                 EXPECT_LE(theWidget.fontMetrics().height(), theWidget.contentsRect().height());
             }
@@ -310,18 +314,25 @@ TEST_F(Screens, DroppedFolder)
     StartProgram(frmSplash::Me);
     MakeProject();
     GoTo(frmDirectory::Me);
-    const auto drop = [this](const char *theForm, const std::filesystem::path &thePath, QPoint thePlace) {
+    const QRect picker = WidgetOf("frmDirectory.Dir1")->geometry();
+    const QPoint onList = picker.center();
+    const auto drop = [&](const char *theForm, const std::filesystem::path &thePath, QPoint thePlace) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString(thePath.string()))});
         QWindow *window = WindowOf(theForm)->windowHandle();
         QDragEnterEvent enter(thePlace, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(window, &enter);
+        // The picker is marked while the folder hovers over the window.
+        const auto marks = WindowOf(theForm)->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+        const auto isMark = [&](const QLabel *theMark) {
+            return theMark->isVisible() && theMark->geometry() == picker;
+        };
+        EXPECT_EQ(std::any_of(marks.begin(), marks.end(), isMark), enter.isAccepted());
         QDropEvent event(thePlace, Qt::CopyAction, &data, Qt::LeftButton, {});
         if (enter.isAccepted())
             QCoreApplication::sendEvent(window, &event);
         return enter.isAccepted() && event.isAccepted();
     };
-    const QPoint onList = WidgetOf("frmDirectory.Dir1")->geometry().center();
     const Text ferns = Paths::ProgramDir() + "\\sample\\ferns";
     EXPECT_TRUE(drop("frmDirectory", program / "sample" / "ferns", onList));
     EXPECT_EQ(static_cast<DirList &>(The("frmDirectory.Dir1")).NowPath, ferns);
