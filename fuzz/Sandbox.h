@@ -81,13 +81,23 @@ public:
         } catch (const ProgramEnd &) {
         }
         PendingWrites::Flush();
-        REQUIRE(ProcessorTime() - start < 0.3 + 6e-6 * static_cast<double>(theSize + more));
+        REQUIRE(ProcessorTime() - start < slowness * (0.3 + 6e-6 * static_cast<double>(theSize + more)));
         Empty(Paths::ProgramDir() + "\\0001");
         Empty(Paths::ProgramDir() + "\\0001_store");
         REQUIRE(Facts() == known);
     }
 
 private:
+    // Without the fuzzer the targets run beside other tests, where the processor's caches are shared, and some inputs
+    // are a megabyte; the sanitizers then cost far more than on the fuzzer's small pages.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    static constexpr double slowness = 20;
+#elif defined(FERNCASTLE_FUZZ)
+    static constexpr double slowness = 1;
+#else
+    static constexpr double slowness = 2;
+#endif
+
     static double ProcessorTime()
     {
         timespec now = {};
