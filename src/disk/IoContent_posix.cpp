@@ -1,6 +1,7 @@
 #include "base/Failure.h"
 #include "disk/Io.h"
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -180,6 +181,30 @@ Io::Kind KindOfName(const Text &thePath)
     return S_ISREG(facts.st_mode) ? Io::Kind::File : Io::Kind::Other;
 }
 
+// Gives a file without a name the name theFile.
+bool LinkNameless(int theHandle, const Text &theFile)
+{
+#ifdef AT_EMPTY_PATH
+    // Older systems allow this shorter way only to root.
+    static std::atomic<bool> isAllowed = true;
+    if (isAllowed) {
+        if (linkat(theHandle, "", AT_FDCWD, theFile.c_str(), AT_EMPTY_PATH) == 0)
+            return true;
+        // This may also mean that the directory is not there. Then the other way fails too.
+        if (errno != ENOENT)
+            return false;
+    }
+#endif
+    char self[40];
+    std::snprintf(self, sizeof self, "/proc/self/fd/%d", theHandle);
+    const bool Result = linkat(AT_FDCWD, self, AT_FDCWD, theFile.c_str(), AT_SYMLINK_FOLLOW) == 0;
+#ifdef AT_EMPTY_PATH
+    if (Result)
+        isAllowed = false;
+#endif
+    return Result;
+}
+
 // A file that is being written. It gets its name only when it is published, so that no incomplete file is ever visible.
 // If it is never published, or the process is killed, at most a hidden temporary file remains, which the next draft
 // overwrites.
@@ -217,8 +242,12 @@ Draft::Draft(const Text &theFile, bool willReplace) : file(theFile), isReplaceme
     if (handle >= 0)
         return;
     hidden = HiddenNameFor(file);
-    unlink(hidden.c_str());
-    handle = open(hidden.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+    const auto create = [&] {
+        return open(hidden.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+    };
+    handle = create();
+    if (handle < 0 && errno == EEXIST && unlink(hidden.c_str()) == 0)
+        handle = create();
     if (handle < 0)
         FailHere(file);
     // The permissions of what it replaces stay, as far as the system lets them.
@@ -247,9 +276,7 @@ void Draft::CopyFrom(const Text &theSource)
 void Draft::Publish()
 {
     if (hidden.empty()) {
-        char self[40];
-        std::snprintf(self, sizeof self, "/proc/self/fd/%d", handle);
-        if (linkat(AT_FDCWD, self, AT_FDCWD, file.c_str(), AT_SYMLINK_FOLLOW) != 0)
+        if (!LinkNameless(handle, file))
             FailHere(file);
         try {
             CloseHandle(handle, file);
