@@ -84,17 +84,16 @@ Text CloseUpEquals(const Text &theTag)
     Text Result;
     Trap([&] {
         // Deliberate: a single pass that does not look back, so one of two blanks beside an "=" stays.
-        const auto isPair = [&](std::size_t i, char first, char second) {
-            return theTag[i] == first && i + 1 < theTag.size() && theTag[i + 1] == second;
-        };
         Result.reserve(theTag.size());
-        for (std::size_t i = 0; i < theTag.size(); ++i) {
-            if (isPair(i, ' ', '='))
-                ++i;
-            Result += theTag[i];
-            if (isPair(i, '=', ' '))
-                ++i;
+        std::size_t from = 0;
+        for (std::size_t equals; (equals = theTag.find('=', from)) != Text::npos;) {
+            const bool isBehindBlank = equals > from && theTag[equals - 1] == ' ';
+            Result.append(theTag, from, equals - from - isBehindBlank) += '=';
+            from = equals + 1;
+            if (from < theTag.size() && theTag[from] == ' ')
+                ++from;
         }
+        Result.append(theTag, from);
     });
     return Result;
 }

@@ -1,4 +1,6 @@
 #include "engine/RowFinder.h"
+#include <algorithm>
+#include <iterator>
 
 static std::size_t PairOf(char theFirst, char theSecond)
 {
@@ -8,21 +10,21 @@ static std::size_t PairOf(char theFirst, char theSecond)
 void RowFinder::BuildIndex()
 {
     revision = list.Revision();
-    hasEmptyRow = false;
     beginnings.reset();
-    byBeginning.clear();
-    for (const Text &row : list.Rows()) {
-        if (row.empty()) {
-            hasEmptyRow = true;
+    std::vector<Text> all = list.Rows();
+    std::sort(all.begin(), all.end());
+    hasEmptyRow = !all.empty() && all.front().empty();
+    rows.clear();
+    if (hasEmptyRow)
+        return;
+    for (Text &row : all) {
+        if (!rows.empty() && row.starts_with(rows.back()))
             continue;
-        }
         // A row of one character is listed under every pair that begins with it.
         for (int second = 0; second < 256; ++second)
-            if (row.size() == 1 || static_cast<char>(second) == row[1]) {
-                const std::size_t pair = PairOf(row[0], static_cast<char>(second));
-                beginnings.set(pair);
-                byBeginning[pair].push_back(row);
-            }
+            if (row.size() == 1 || static_cast<char>(second) == row[1])
+                beginnings.set(PairOf(row[0], static_cast<char>(second)));
+        rows.push_back(std::move(row));
     }
 }
 
@@ -34,12 +36,13 @@ std::size_t RowFinder::FirstRowIn(std::string_view theText, std::size_t theStart
         return theStart <= theText.size() ? theStart : Text::npos;
     for (std::size_t at = theStart; at < theText.size(); ++at) {
         // The last character is paired with a zero, so only rows of one character can match there.
-        const std::size_t pair = PairOf(theText[at], at + 1 < theText.size() ? theText[at + 1] : '\0');
-        if (!beginnings.test(pair))
+        if (!beginnings.test(PairOf(theText[at], at + 1 < theText.size() ? theText[at + 1] : '\0')))
             continue;
-        for (const Text &row : byBeginning[pair])
-            if (theText.compare(at, row.size(), row) == 0)
-                return at;
+        // No row begins with another, so the one before this place is the only one with which the rest can begin.
+        const std::string_view rest = theText.substr(at);
+        const auto behind = std::upper_bound(rows.begin(), rows.end(), rest);
+        if (behind != rows.begin() && rest.starts_with(*std::prev(behind)))
+            return at;
     }
     return Text::npos;
 }

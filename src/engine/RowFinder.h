@@ -3,7 +3,7 @@
 #include "toolkit/Controls.h"
 #include <bitset>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 class RowFinder
 {
@@ -21,5 +21,5 @@ private:
     std::uint64_t revision = ~std::uint64_t{0};  // of the list when the index was built
     bool hasEmptyRow = false;
     std::bitset<65536> beginnings;  // the pairs of characters with which rows begin
-    std::unordered_map<std::size_t, std::vector<Text>> byBeginning;
+    std::vector<Text> rows;         // ascending, without those that begin with another
 };
