@@ -92,7 +92,9 @@ void Player::PlayLines()
     while (!hasEnded && next < script.size() && !IsHeldBack(script[next])) {
         // Moves on before the action is done: its handler may yield, and then the following lines are played.
         const Action &action = script[next++];
-        if (const Outcome outcome = Do(action); outcome.Code != 0)
+        const Outcome outcome = Do(action);
+        // When the program fails in the midst of an action, its failure is what counts.
+        if (outcome.Code != 0 && !(hasEnded && code != 0))
             StopAt(action, outcome);
     }
 }

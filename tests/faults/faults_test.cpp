@@ -197,7 +197,6 @@ TEST_F(Faults, EveryLossIsTold)
     Sweep("link", 40, EIO, check);
     Sweep("rename", 7, EIO, check);
     Sweep("mkdir", 2, ENOSPC, check);
-    Sweep("unlink", 7, EACCES, check);
     isReading = true;
     Sweep("open", 20, EACCES, check);
     Sweep("read", 20, EIO, check);
