@@ -47,7 +47,7 @@ std::unordered_map<Text, Text> added;
 constexpr std::size_t addedAtMost = 1 << 16;
 
 Writer writer;
-bool isWriterBusy = false;
+bool hasDrafts = false;  // copies were made since FinishWriting
 constexpr std::int64_t bytesBetweenLooks = 64 << 20;
 std::int64_t givenBytes = 0;  // since the free space was looked at
 bool hasRoom = false;
@@ -153,10 +153,10 @@ bool AddCopy(const Text &theFile, const Text &theSource, const Expectation &theE
     auto there = copies.find(directory);
     if (CanWriteLater(there != copies.end(), name, recipe.Result->size())) {
         writer.Put(theFile, recipe.Result);
-        isWriterBusy = true;
     } else {
         Io::WriteNew(theFile, *recipe.Result);
     }
+    hasDrafts = true;
     if (there == copies.end())
         there = copies.try_emplace(Text(directory)).first;
     there->second.insert_or_assign(Text(name), &recipe);
@@ -232,7 +232,7 @@ void Complete(const Text &theFile)
 
 void FinishWriting()
 {
-    if (!std::exchange(isWriterBusy, false))
+    if (!std::exchange(hasDrafts, false))
         return;
     for (const RuntimeFailure &failure : writer.Finish()) {
         Losses::Note(failure);
@@ -249,7 +249,7 @@ void Await(const Text &theFile)
 
 void Hurry()
 {
-    if (isWriterBusy)
+    if (hasDrafts)
         writer.Hurry();
 }
 

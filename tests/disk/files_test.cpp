@@ -114,6 +114,11 @@ TEST_F(Host, MemorySeesEveryChange)
     PutAt(program / "0001/OWN.HTM", "in other case");
     Write(In("Own.htm"), "first");
     EXPECT_EQ(Now("OWN.HTM") + Read(In("own.htm")) + Joined(FilesIn(In(""))), "firstownother.htm OWN.HTM own.htm ");
+    MakeDirectory(In("d"));
+    Copy("x:\\d\\b.htm", In("d\\alone.htm"), {[](const Text &theText, const Text &) { return theText; }, ""});
+    Rest();
+    PutAt(program / "0001/d/other.htm", "another's");
+    EXPECT_EQ(Joined(FilesIn(In("d"))), "alone.htm other.htm ") << "the only copy in its directory";
 }
 
 TEST_F(Host, ACopyIsWhatWasAskedForWhateverIsExpectedOfIt)
