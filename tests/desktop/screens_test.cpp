@@ -119,7 +119,7 @@ struct Screens : WindowTest {
             else if (isPressed || IsFilledIn(theControl) || IsReading(theControl))
                 Result.push_back(&theWidget);
             for (QWidget *tool : theWidget.findChildren<QToolButton *>())
-                if (tool->isEnabled())
+                if (tool->isEnabled() && tool->isVisible())
                     Result.push_back(tool);
         });
         return Result;
