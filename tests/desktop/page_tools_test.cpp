@@ -81,7 +81,7 @@ TEST_F(PageTools, FindEnlargePrintAndReload)
 
     const auto *bar = WindowOf("frmReport")->findChild<FindBar *>();
     const auto expectCount = [&](const char *theCount) {
-        EXPECT_TRUE(WaitUntil([&] { return bar->findChild<QLabel *>()->text() == QLatin1String(theCount); }, 5000))
+        EXPECT_TRUE(WaitUntil([&] { return bar->findChild<QLabel *>()->text() == QLatin1String(theCount); }))
             << theCount << ", but " << bar->findChild<QLabel *>()->text().toStdString();
     };
     Key(Qt::Key_F, Qt::ControlModifier);

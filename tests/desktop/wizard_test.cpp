@@ -65,8 +65,9 @@ static QPoint PlaceOfLink(QWidget &theView, const char *theWords)
 }
 
 struct Wizard : WindowTest {
-    // Clicks as a hand does: on a link that stays in its place, since the window of a report grows after it has appeared,
-    // and with time between the steps, since a page that has just been scrolled must find the link under the pointer.
+    // Clicks as a hand does: on a link that stays in its place, since the window of a report grows after it has
+    // appeared, and with time between the steps, since a page that has just been scrolled must find the link under the
+    // pointer.
     static void ClickLink(QWidget &theView, const char *theWords)
     {
         const Text before = Shows("frmReport.txtAddress");
