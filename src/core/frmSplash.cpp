@@ -1,9 +1,11 @@
 #include "core/frmSplash.h"
+#include "core/AppVars.h"
 #include "core/FileHandle.h"
 #include "core/TextOps.h"
 #include "core/Trap.h"
 #include "core/Version.h"
 #include "core/frmLists.h"
+#include "disk/Files.h"
 #include "wizard/frmMenu.h"
 #include "wizard/frmWelcome.h"
 #include <algorithm>
@@ -44,6 +46,7 @@ static void FillWithZeros(ListBox &theList)
 void Init_Vars()
 {
     Trap([] {
+        Files::ProtectSite(&LocalSiteDir);
         ShowWelcome = LoadVariable("ShowWelcome", 0);
         AppTitle = "Ferncastle";
         FormWidth = 600;

@@ -1,22 +1,13 @@
 #include "desktop/Desktop.h"
-#include "core/AppVars.h"
 #include "desktop/Actions.h"
 #include "desktop/Addresses.h"
 #include "desktop/Boxes.h"
 #include "desktop/Keyboard.h"
 #include "desktop/NoticeList.h"
-#include "desktop/QtText.h"
-#include "disk/Files.h"
-#include "disk/Losses.h"
-#include "disk/Paths.h"
 #include "toolkit/Gates.h"
-#include "toolkit/Services.h"
 #include <QAccessible>
 #include <QApplication>
 #include <QDialog>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <algorithm>
@@ -30,7 +21,6 @@ static constexpr auto yieldEvery = 33ms;
 static constexpr auto yieldEveryWhilePressed = 8ms;
 // A screen reader sends about a hundred queries for a screen, one after the other, and each round answers only one.
 static constexpr auto yieldEveryForReaders = 2ms;
-static constexpr int boxesBeforeOptOut = 2;
 
 Desktop::Desktop()
 {
@@ -255,71 +245,18 @@ void Desktop::PaintNow()
             window->repaint();
 }
 
-// Why the operation failed that theWords tell of: the system's words for the last failure with a file that they name.
-static Text ReasonFor(const Text &theWords)
-{
-    const auto &losses = Losses::All();
-    const auto found = std::find_if(losses.rbegin(), losses.rend(),
-        [&](const Losses::Loss &loss) { return theWords.find(loss.File) != Text::npos; });
-    return found == losses.rend() ? Text() : "Reason: " + found->Reason + ".";
-}
-
 int Desktop::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
     ShowChanges();
-    if (action != ActionsDone())
-        boxesShown.clear();
-    action = ActionsDone();
-    const Text box = theTitle + "\n" + Boxes::WithoutNames(thePrompt);
-    const int times = boxesShown[box];
-    if (times < 0 && !(theFlags & msgYesNo))
-        return answerOK;
-    // A run whose box is hidden behind other windows would wait forever.
-    if (QWidget *window = FrontWindow(); window && QGuiApplication::applicationState() != Qt::ApplicationActive)
-        QApplication::alert(window);
-    bool wantsNoMore = false;
-    const int Result = Boxes::Ask(
-        FrontWindow(), thePrompt, theFlags, theTitle, times >= boxesBeforeOptOut, wantsNoMore, ReasonFor(thePrompt));
-    if (theFlags & msgYesNo)
-        Actions::Answered(Result == answerYes);
-    else
-        boxesShown[box] = wantsNoMore ? -1 : times + 1;
+    const int Result = dialogs.MsgBox(FrontWindow(), thePrompt, theFlags, theTitle);
     nextYield = {};
     return Result;
-}
-
-// The program reads lines that end with CR. theFile, or a copy with such line ends if it has none.
-QString Desktop::WithWindowsLineEnds(const QString &theFile)
-{
-    QFile file(theFile);
-    if (!file.open(QIODevice::ReadOnly))
-        return theFile;
-    const QByteArray text = file.readAll();
-    if (!text.contains('\n') || text.contains('\r'))
-        return theFile;
-    copies = std::make_unique<QTemporaryDir>(QDir::temp().filePath(QStringLiteral("ferncastle-XXXXXX")));
-    const QString name = QFileInfo(theFile).fileName();
-    QFile copy(copies->filePath(name));
-    if (!copy.open(QIODevice::WriteOnly) || copy.write(QByteArray(text).replace("\n", "\r\n")) < text.size() ||
-        !copy.flush())
-        return theFile;
-    bool wantsNoMore = false;
-    const QString words = tr("%1 has Linux line ends, so Ferncastle reads a copy of it with Windows line ends.");
-    Boxes::Ask(FrontWindow(), FromQString(words.arg(name)), msgOK + 64, AppTitle, false, wantsNoMore);
-    return copy.fileName();
 }
 
 Text Desktop::OpenFile(const Text &theFilter)
 {
     ShowChanges();
-    if (lastDirectory.isEmpty())
-        lastDirectory = ToQString(Files::ToHost(Paths::ProgramDir()));
-    const QString file = Boxes::ChooseFile(FrontWindow(), theFilter, lastDirectory);
-    if (!file.isEmpty())
-        lastDirectory = QFileInfo(file).path();
-    const Text Result = file.isEmpty() ? Text() : Paths::FromHost(FromQString(WithWindowsLineEnds(file)));
-    Actions::Chose(Result);
-    return Result;
+    return dialogs.OpenFile(FrontWindow(), theFilter);
 }
 
 void Desktop::Beep()
@@ -369,6 +306,10 @@ void Desktop::Lost(const Losses::Loss &theLoss)
 {
     notices.Add(theLoss);
     hasLostAtEnd |= ProgramEnded();
+    // Later, when the program has done what it was doing.
+    if (Dialogs::IsByLink(theLoss) && !ProgramEnded())
+        QMetaObject::invokeMethod(
+            this, [this, theLoss] { dialogs.ExplainLink(FrontWindow(), theLoss); }, Qt::QueuedConnection);
 }
 
 void Desktop::Failure(const RuntimeFailure &theFailure)

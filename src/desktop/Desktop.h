@@ -1,12 +1,12 @@
 // The presentation that shows the program in windows.
 #pragma once
+#include "desktop/Dialogs.h"
 #include "desktop/Notices.h"
 #include "desktop/Placement.h"
 #include "desktop/Window.h"
 #include "toolkit/Presentation.h"
 #include <QEventLoop>
 #include <QObject>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <chrono>
 #include <map>
@@ -50,7 +50,6 @@ private:
     void UpdateTimer(Timer &theTimer);
     void HideCovered(const Form &theForm);
     void ShowUncovered();
-    QString WithWindowsLineEnds(const QString &theFile);
     void ShowChanges();
     void ProcessEvents(QEventLoop::ProcessEventsFlags theFlags);
     QWidget *FrontWindow() const;
@@ -66,12 +65,8 @@ private:
     QTimer heartbeat;  // wakes WaitEvents at regular intervals
     bool isPaintingOnly = false;
     Placement placement;
-    unsigned long action = 0;  // the action to which boxesShown belongs
-    // How often each message was shown, whatever files it named; -1 when the user has silenced it.
-    std::map<Text, int> boxesShown;
+    Dialogs dialogs;
     const Form *covered = nullptr;  // the screen whose window HideCovered has hidden
-    QString lastDirectory;
-    std::unique_ptr<QTemporaryDir> copies;
     bool hasEnded = false;
     bool hasLostAtEnd = false;  // after the last screen could show it
     bool hasLastList = false;   // and its list is open; the process ends when it is closed

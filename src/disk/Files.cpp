@@ -15,20 +15,66 @@ using DirectoryCache::FindParent;
 namespace
 {
 Files::StandIn *standIn = nullptr;
+const Text *siteDir = nullptr;  // see ProtectSite
 
 // More names than a procedure of the program can count.
 constexpr std::size_t namesAtMost = 32767;
 
-// True for the program's own saved files and all that lies in its projects, but not by way of a link.
-bool IsOwn(const Dir &theDir, std::string_view theName)
+// Whether one path of the host is the other or lies below it, both with their links followed; no when one is empty.
+bool IsInsideReal(const Text &thePath, const Text &theDir)
+{
+    const auto closed = [](const Text &thePlace) { return thePlace.ends_with("/") ? thePlace : thePlace + "/"; };
+    return !thePath.empty() && !theDir.empty() && closed(thePath).starts_with(closed(theDir));
+}
+
+// Where a link of the program directory leads; empty when that is not below the program directory.
+Text TargetInProgram(const Text &theLink)
+{
+    const Text real = Io::RealPath(theLink), program = Io::RealPath(Paths::ProgramHostDir() + '/');
+    return real != program && IsInsideReal(real, program) ? real : Text();
+}
+
+// Whether a directory, with its links followed, has files of the user's site.
+bool HasSiteIn(const Text &theReal)
+{
+    if (!siteDir || siteDir->size() < 3)
+        return false;
+    // Not by way of the cache, whose entries are in use here.
+    Text site = Paths::DriveRoot((*siteDir)[0]) + siteDir->substr(2);
+    std::replace(site.begin(), site.end(), '\\', '/');
+    site = Io::RealPath(site);
+    return IsInsideReal(site, theReal) || IsInsideReal(theReal, site);
+}
+
+// The project directory that holds theDir, or is it; null when there is none, or when a link leads from there to
+// theDir.
+const Dir *ProjectOf(const Dir &theDir)
 {
     const Text &program = Paths::ProgramHostDir();
-    if (theDir.HostPath == program)
-        return Files::IsSavedFile(theName);
-    for (const Dir *dir = &theDir; dir->Parent && !dir->IsLink; dir = dir->Parent)
+    for (const Dir *dir = &theDir; dir->Parent; dir = dir->Parent) {
         if (dir->Parent->HostPath == program)
-            return Files::IsProjectDirectory(std::string_view(dir->HostPath).substr(program.size() + 1));
-    return false;
+            return Files::IsProjectDirectory(std::string_view(dir->HostPath).substr(program.size() + 1)) ? dir
+                                                                                                         : nullptr;
+        if (dir->IsLink)
+            break;
+    }
+    return nullptr;
+}
+
+// Why the program must not write that name; empty when it may: to its own saved files and to all that lies in its
+// projects. A project directory may be a link to another place in the program directory.
+Text WhyNotOwn(const Dir &theDir, std::string_view theName)
+{
+    constexpr const char *notAllowed = "writing is not allowed there";
+    if (theDir.HostPath == Paths::ProgramHostDir())
+        return Files::IsSavedFile(theName) ? "" : notAllowed;
+    const Dir *project = ProjectOf(theDir);
+    if (!project)
+        return notAllowed;
+    if (!project->IsLink)
+        return {};
+    const Text real = TargetInProgram(project->HostPath);
+    return real.empty() ? Files::linkLeadsOut : HasSiteIn(real) ? Files::linkLeadsToSite : "";
 }
 
 // The host's path of a file that is there; empty when it isn't.
@@ -48,6 +94,11 @@ Text ExistingFile(const Text &thePath)
     return Result;
 }
 
+bool IsDangling(const Entry &theEntry)
+{
+    return theEntry.IsLink && theEntry.What == Io::Kind::None;
+}
+
 // A file to write to: its directory, its name there or the name that it will have, and what is there now.
 struct Target {
     explicit Target(const Text &thePath)
@@ -56,17 +107,26 @@ struct Target {
         In = FindParent(thePath, name);
         if (!In || name.empty())
             Fail("path not found", thePath);
-        if (!IsOwn(*In, name))
-            Fail("writing is not allowed there", thePath);
+        if (const Text reason = WhyNotOwn(*In, name); !reason.empty())
+            Fail(reason, thePath);
         Known = In->Find(name, Io::Kind::None);
         if (Known && Known->What != Io::Kind::File)
-            Fail("not a plain file", thePath);
+            Fail(IsDangling(*Known) ? Files::linkLeadsNowhere : "not a plain file", thePath);
         Name = Known ? Known->Name : Text(name);
         Host = In->PathOf(Name);
+        // A link to a file is replaced by a file, but the program's own settings may be kept elsewhere in its
+        // directory.
+        if (Known && Known->IsLink && In->HostPath == Paths::ProgramHostDir())
+            if (const Text real = TargetInProgram(Host); !real.empty() && !HasSiteIn(real)) {
+                Host = real;
+                IsFollowed = true;
+            }
     }
     // Notes that a plain file is there now.
     void NoteWritten() const
     {
+        if (IsFollowed)
+            return;
         if (Known) {
             Known->IsLink = false;
             In->NoteOwnChange();
@@ -85,6 +145,7 @@ struct Target {
     Dir *In = nullptr;
     Entry *Known = nullptr;
     Text Name, Host;
+    bool IsFollowed = false;  // Host is what the link of that name leads to
 };
 
 // Runs theWork. A failure in it goes on to the caller, and is noted for the user.
@@ -146,11 +207,7 @@ Text ToHost(const Text &thePath)
 
 bool IsReallyInside(const Text &thePath, const Text &theDir)
 {
-    const auto closed = [](const Text &theHostDir) {
-        return theHostDir.ends_with("/") ? theHostDir : theHostDir + "/";
-    };
-    const Text path = Io::RealPath(ToHost(thePath)), dir = Io::RealPath(ToHost(theDir));
-    return !path.empty() && !dir.empty() && closed(path).starts_with(closed(dir));
+    return IsInsideReal(Io::RealPath(ToHost(thePath)), Io::RealPath(ToHost(theDir)));
 }
 
 bool IsFile(const Text &thePath)
@@ -233,7 +290,7 @@ void Append(const Text &theFile, const Text &theContent)
 {
     Noted([&] {
         const Target target(theFile);
-        if (target.Known) {
+        if (target.Known && !target.IsFollowed) {
             PendingWrites::AddText(target.Host, theContent);
             return;
         }
@@ -271,9 +328,10 @@ void Delete(const Text &theFile)
         const Target target(theFile);
         if (!target.Known)
             Fail("file not found", theFile);
-        PendingWrites::Await(target.Host);
-        PendingWrites::Forget(target.Host);
-        Io::Delete(target.Host);
+        const Text file = target.In->PathOf(target.Name);  // a link itself, not what it leads to
+        PendingWrites::Await(file);
+        PendingWrites::Forget(file);
+        Io::Delete(file);
         target.In->Remove(*target.Known);
     });
 }
@@ -298,6 +356,11 @@ bool EndsInLineFeed(const Text &theFile)
     });
 }
 
+void ProtectSite(const Text *theDir)
+{
+    siteDir = theDir;
+}
+
 void SetStandIn(StandIn *theStandIn)
 {
     standIn = theStandIn;
@@ -314,10 +377,15 @@ bool MakeDirectory(const Text &theDir)
     const Text path = Paths::Normalize(theDir);
     std::string_view name;
     Dir *const dir = FindParent(path, name);
-    if (!dir || name.empty() || dir->Find(name, Io::Kind::None))
+    if (!dir || name.empty())
         return false;
+    if (const Entry *entry = dir->Find(name, Io::Kind::None)) {
+        if (IsDangling(*entry))
+            Losses::Note({linkLeadsNowhere, theDir});
+        return false;
+    }
     const bool isProject = dir->HostPath == Paths::ProgramHostDir() && IsProjectDirectory(name);
-    if (!isProject && !IsOwn(*dir, name))
+    if (!isProject && !WhyNotOwn(*dir, name).empty())
         return false;
     try {
         Io::MakeDirectory(dir->PathOf(name));

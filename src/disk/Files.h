@@ -1,7 +1,8 @@
 // The host's files as the program knows them: by paths of the form x:\dir\file, with names found whatever their case.
 //
 // Writes outside the program directory's saved files, its project directories and their stores are refused with a
-// run-time failure.
+// run-time failure. These themselves may be links to other places in the program directory; other links are not
+// followed to write.
 #pragma once
 #include "disk/Expectation.h"
 #include <functional>
@@ -17,6 +18,11 @@ using Names = std::shared_ptr<const std::vector<Text>>;
 // store.
 bool IsSavedFile(std::string_view theName);
 bool IsProjectDirectory(std::string_view theName);
+
+// Why a write was refused that would have followed a link.
+inline constexpr const char *linkLeadsOut = "A link leads out of Ferncastle's own folder";
+inline constexpr const char *linkLeadsToSite = "A link leads into the directory of the site";
+inline constexpr const char *linkLeadsNowhere = "This link leads nowhere";
 
 // The path of the host for thePath, with the case that the disk has as far as it is there; empty without a drive.
 Text ToHost(const Text &thePath);
@@ -51,6 +57,10 @@ void Delete(const Text &theFile);
 void Rewrite(const Text &theFile, const Expectation &theChange);
 // True when the file is empty or its last byte is LF.
 bool EndsInLineFeed(const Text &theFile);
+
+// Keeps links of the program directory from leading a write into the user's site. The variable holds its directory, a
+// path of the program, at any time.
+void ProtectSite(const Text *theDir);
 
 // Takes over the writing of whole files, so that a run can be rehearsed. The program then knows such a file by its
 // name, but its content is nowhere. Paths are the host's.

@@ -125,9 +125,10 @@ TEST_F(Guidance, Hints)
     MakeProject();
     const auto awaitHint = [this](const char *theForm, const QString &theWords) {
         const auto *hint = WindowOf(theForm)->findChild<QLabel *>("hint");
-        EXPECT_TRUE(
-            WaitUntil([&] { return hint->text().contains(theWords) && hint->isVisible() != theWords.isEmpty(); }, 3000))
-            << theWords.toStdString() << ", but " << hint->text().toStdString();
+        EXPECT_TRUE(WaitUntil([&] {
+            return hint->text().contains(theWords) && hint->isVisible() != theWords.isEmpty();
+        })) << theWords.toStdString()
+            << ", but " << hint->text().toStdString();
         EXPECT_LE(hint->heightForWidth(hint->width()), hint->height());
     };
     auto *picker = &static_cast<DirList &>(The("frmDirectory.Dir1"));
@@ -167,6 +168,33 @@ TEST_F(Guidance, MissingFilesAreNamedAndDoWithout)
     WindowOf("frmSplash")->OfferToClose();
     Key(Qt::Key_Escape);
     EXPECT_TRUE(ProgramEnded());
+}
+
+// A project whose store is a link: within the program's folder it works, else a box says why Next does nothing.
+TEST_F(Guidance, LinkedFolders)
+{
+    StartProgram(frmSplash::Me);
+    MakeProject();
+    namespace fs = std::filesystem;
+    const fs::path store = program / "0001_store", kept = program / "kept", outside = program.string() + " outside";
+    fs::rename(store, kept);
+    fs::create_directory_symlink("kept", store);
+    GoTo(frmDirectory::Me);
+    Click("frmDirectory.btnNext");
+    AwaitScreen("frmKeywords");
+    EXPECT_TRUE(fs::is_regular_file(kept / "0001.dir"));
+    fs::remove(store);
+    fs::rename(kept, outside);
+    fs::create_directory_symlink(outside, store);
+    GoTo(frmDirectory::Me);
+    const auto before = fs::last_write_time(outside / "0001.dom");
+    AnswerNextBox("OK");
+    Click("frmDirectory.btnNext");
+    EXPECT_TRUE(WaitUntil([&] { return boxSaid.find("\n" + outside.string() + "\n") != Text::npos; })) << boxSaid;
+    EXPECT_NE(boxSaid.find("\\0001_store\n\nThis is a link to"), Text::npos) << boxSaid;
+    EXPECT_TRUE(frmDirectory::Me.Visible && !frmKeywords::Me.Visible);
+    EXPECT_EQ(fs::last_write_time(outside / "0001.dom"), before);
+    fs::remove_all(outside);
 }
 
 TEST(Theme, Contrasts)

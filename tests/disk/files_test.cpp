@@ -258,6 +258,8 @@ TEST_F(Host, NothingIsWrittenOutsideTheProjects)
     Put("b.htm");
     fs::create_symlink(site, program / "0001/link");
     fs::create_symlink(site, program / "0003");
+    static const Text siteDir = "x:\\";
+    ProtectSite(&siteDir);
     fs::create_symlink(site / "a.htm", program / "0001/link.htm");
     fs::create_hard_link(site / "a.htm", program / "0001/hard.htm");
     for (const char *path :
@@ -281,4 +283,52 @@ TEST_F(Host, NothingIsWrittenOutsideTheProjects)
         Write(In(path), "new");
         EXPECT_EQ(Read(In(path)), "new") << path;
     }
+}
+
+TEST_F(Host, LinksAreFollowedWithinTheProgramDirectory)
+{
+    PutAt(program / "kept/store/a.key", "old");
+    PutAt(program / "kept/settings", "old");
+    fs::create_directory_symlink("kept/store", program / "0002_store");
+    fs::create_directory_symlink(program / "kept", program / "0002");
+    fs::create_symlink("kept/settings", program / "variables.sav");
+    EXPECT_TRUE(MakeDirectory(In("..\\0002\\d")));
+    for (const auto &[path, file] : Pairs{{"..\\0002_store\\a.key", "kept/store/a.key"},
+             {"..\\0002\\d\\new.htm", "kept/d/new.htm"}, {"..\\VARIABLES.sav", "kept/settings"}}) {
+        Write(In(path), "new");
+        Append(In(path), ", more");
+        EXPECT_EQ(Read(In(path)), "new, more") << path;
+        PendingWrites::Flush();
+        EXPECT_EQ(OnDisk(file), "new, more") << path;
+    }
+    EXPECT_TRUE(fs::is_symlink(program / "variables.sav"));
+
+    const fs::path outside = program.string() + " outside";
+    PutAt(outside / "a.htm", "kept");
+    fs::create_directory_symlink(".", program / "0003");
+    fs::create_directory_symlink(outside, program / "0003_store");
+    fs::create_directory_symlink(outside / "gone", program / "0004_store");
+    fs::create_directory_symlink("../0001", program / "kept/up");
+    fs::remove(program / "0002_store");
+    fs::create_directory_symlink(outside, program / "0002_store");
+    fs::create_symlink(outside / "gone", program / "Last.chk");
+    EXPECT_FALSE(IsFile(In("..\\0002_store\\a.key")));
+    for (const auto &[path, reason] : Pairs{{"..\\0003\\variables.sav", linkLeadsOut},
+             {"..\\0003_store\\a.htm", linkLeadsOut}, {"..\\0002_store\\a.htm", linkLeadsOut},
+             {"..\\0002\\up\\a.htm", "writing is not allowed there"}, {"..\\Last.chk", linkLeadsNowhere}})
+        try {
+            Write(In(path), "spoilt");
+            ADD_FAILURE() << path;
+        } catch (const RuntimeFailure &failure) {
+            EXPECT_EQ(failure.What, reason) << path;
+        }
+    EXPECT_FALSE(MakeDirectory(In("..\\0004_store")));
+    EXPECT_EQ(Losses::All().back().Reason, linkLeadsNowhere);
+    // A link of the settings that leads out is replaced by a file.
+    fs::remove(program / "variables.sav");
+    fs::create_symlink(outside / "a.htm", program / "variables.sav");
+    Write(In("..\\variables.sav"), "own");
+    EXPECT_EQ(OnDisk("variables.sav") + OnDisk("kept/settings"), "ownnew, more");
+    EXPECT_EQ(Read(FromHost((outside / "a.htm").string())), "kept");
+    fs::remove_all(outside);
 }
