@@ -10,6 +10,7 @@
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineFindTextResult>
 #include <QWebEngineSettings>
+#include <algorithm>
 #include <utility>
 
 WebPages::WebPages(Browser &theBrowser, QWidget *theParent)
@@ -194,24 +195,31 @@ void WebPages::ShowNotice(const QString &thePage, const QUrl &theUrl, const Text
 
 void WebPages::StandInFor(const QUrl &theUrl)
 {
-    standIn = theUrl;
     ShowNotice(SupportPage::InPlaceOf(theUrl, tr("The support site cannot be reached at the moment.")), theUrl,
         "Could not open " + Address());
 }
 
-// Behind a page that stands in for another are the attempts to load that, which Back skips.
+// The place that Back leads to; none when there is none. Behind a page that stands in for the support site lie the
+// attempts to load that and earlier such pages: they would only lead here again.
+std::optional<QWebEngineHistoryItem> WebPages::PlaceBefore() const
+{
+    const bool isStandIn = isNotice && SupportPage::IsSupport(page.url());
+    const auto items = page.history()->backItems(page.history()->count());
+    const auto found = std::find_if(items.rbegin(), items.rend(), [&](const QWebEngineHistoryItem &item) {
+        return !isStandIn || (item.url() != page.url() && item.url().scheme() != QLatin1String("data"));
+    });
+    return found == items.rend() ? std::nullopt : std::optional(*found);
+}
+
 bool WebPages::Back()
 {
-    const auto items = page.history()->backItems(standIn.isEmpty() ? 0 : page.history()->count());
-    for (auto item = items.rbegin(); item != items.rend(); ++item)
-        if (item->url() != standIn) {
-            CancelOpen();
-            isTravelling = true;
-            AllowAgain();
-            page.history()->goToItem(*item);
-            return true;
-        }
-    return Travel(page.history()->canGoBack(), QWebEnginePage::Back);
+    CancelOpen();
+    AllowAgain();
+    const auto place = PlaceBefore();
+    isTravelling = place.has_value();
+    if (place)
+        page.history()->goToItem(*place);
+    return place.has_value();
 }
 
 // The view stays on its page, or says why it has none.
@@ -256,8 +264,6 @@ void WebPages::LoadingChanged(const QWebEngineLoadingInfo &theInfo)
     switch (theInfo.status()) {
     case QWebEngineLoadingInfo::LoadSucceededStatus:
         ShowStatus(isNotice ? noticeStatus : "Done");
-        if (!isNotice)
-            standIn.clear();
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
         if (SupportPage::IsSupport(theInfo.url())) {

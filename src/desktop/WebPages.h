@@ -13,6 +13,7 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
+#include <optional>
 
 class WebPages final : public Pages
 {
@@ -24,7 +25,7 @@ public:
     bool Forward() override { return Travel(page.history()->canGoForward(), QWebEnginePage::Forward); }
     void Reload() override;
     void Stop() override;
-    bool CanGoBack() const override { return page.history()->canGoBack(); }
+    bool CanGoBack() const override { return PlaceBefore().has_value(); }
     bool CanGoForward() const override { return page.history()->canGoForward(); }
     void Find(const QString &theText, bool isBackward) override;
     void Print(const std::shared_ptr<QPrinter> &thePrinter) override;
@@ -37,6 +38,7 @@ private:
     // The user has gone on: what a page may do once, it may do again.
     void AllowAgain();
     bool Travel(bool canGo, QWebEnginePage::WebAction theAction);
+    std::optional<QWebEngineHistoryItem> PlaceBefore() const;
     bool MayNavigate(const QWebEngineNavigationRequest &theRequest);
     bool IsByView(const QWebEngineNavigationRequest &theRequest);
     // Whether the page may go on to the place by itself. If not, the view does what is left to do.
@@ -63,6 +65,5 @@ private:
     bool isTravelling = false;  // Back, Forward or Refresh was chosen
     bool isNotice = false;
     Text noticeStatus;
-    QUrl standIn;   // the address of the support site for which a notice stands in
     Text reloaded;  // the last page that was reloaded because its process had ended
 };

@@ -180,5 +180,16 @@ TEST_F(PageTools, QuestionsAreAnsweredOffline)
     AwaitStatus("Opening");
     AwaitStatus("Could not open");
     awaitIt();
+    // Back leaves it, also after it was loaded again, and Forward comes back to it.
+    QWidget *back = WindowOf("frmReport")->findChild<QWidget *>("Toolbar1Back");
+    EXPECT_TRUE(WaitUntil([&] { return back->isEnabled(); }));
+    QTest::mouseClick(back, Qt::LeftButton);
+    EXPECT_TRUE(WaitUntil([&] { return Shows("frmReport.txtAddress").ends_with("report.html"); }));
+    AwaitStatus("Done");
+    EXPECT_EQ(Evaluate("document.title"), "ran");
+    EXPECT_TRUE(WaitUntil([&] { return !back->isEnabled(); }));
+    QTest::mouseClick(WindowOf("frmReport")->findChild<QWidget *>("Toolbar1Forward"), Qt::LeftButton);
+    awaitIt();
+    EXPECT_EQ(Shows("frmReport.txtAddress"), "http://www.ferncastle.example/help");
 }
 #endif
