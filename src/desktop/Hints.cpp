@@ -45,6 +45,14 @@ bool IsOfProject(const Text &theDir)
            (name == number || name == number + "_store");
 }
 
+// A directory that is shipped with the program and is no site.
+static bool IsShipped(const Text &theDir)
+{
+    const auto names = {"fonts", "icons", "imgs", "report", "share"};
+    return std::any_of(
+        names.begin(), names.end(), [&](const char *name) { return IsSame(theDir, InProgramDir(name)); });
+}
+
 QString NoteOn(const Text &theDir)
 {
     if (IsSame(theDir, Paths::ProgramDir()))
@@ -68,7 +76,7 @@ static QString OfPicker(const Form &theForm)
         return QObject::tr(
             "This is Ferncastle's own folder. Choose the folder that holds your site. To try Ferncastle, "
             "choose its folder \"sample\".");
-    if (IsOfProject(chosen))
+    if (IsOfProject(chosen) || IsShipped(chosen))
         return QObject::tr("This is Ferncastle's own folder. Choose the folder that holds your site.");
     return {};
 }

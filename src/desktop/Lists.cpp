@@ -259,8 +259,10 @@ void DirListView::Update()
         path = list.NowPath;
         names = list.NowNames;
         rows->Reset();
-        // Scrolls so that the parent directories are visible above the subdirectories.
-        scrollTo(rows->index(std::max(0, rows->ViewRow(-3))), QAbstractItemView::PositionAtTop);
+        // Scrolls so that the parent directories are visible above the subdirectories. In the program's own directory
+        // the sample is looked for, which would lie below the visible rows.
+        const int first = path == Paths::ProgramDir() ? -1 : -3;
+        scrollTo(rows->index(std::max(0, rows->ViewRow(first))), QAbstractItemView::PositionAtTop);
     }
     if (const QModelIndex row = rows->index(rows->ViewRow(list.NowIndex)); row != currentIndex())
         setCurrentIndex(row);

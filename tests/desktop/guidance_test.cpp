@@ -136,8 +136,13 @@ TEST_F(Guidance, Hints)
     awaitHint("frmDirectory", "");
     picker->Path = Paths::ProgramDir();
     awaitHint("frmDirectory", "own folder");
-    picker->Path = Paths::ProgramDir() + "\\0001";
-    awaitHint("frmDirectory", "own folder");
+    auto *rows = qobject_cast<QListView *>(WidgetOf("frmDirectory.Dir1"));
+    const int bottom = rows->viewport()->height() - 1;
+    EXPECT_TRUE(rows->indexAt({20, bottom}).data().toString().endsWith("sample")) << "the sample can be seen";
+    for (const char *directory : {"0001", "sample", "imgs"}) {
+        picker->Path = Paths::ProgramDir() + "\\" + directory;
+        awaitHint("frmDirectory", Text(directory) == "sample" ? "" : "own folder");
+    }
     std::ofstream(program / "0001_store" / "0001.dir") << "c:\\gone\\[]";
     GoTo(frmMenu::Me);
     GoTo(frmDirectory::Me);
