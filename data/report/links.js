@@ -27,12 +27,12 @@
 
   function addLink(page, tag) {
     var found = /\shref=(?:(["\u00b4])([^]*?)(?:\1|$)|([^\s>]*))/i.exec(tag);
-    var link = {page: page, tag: tag, start: 0, end: 0, target: tag, isHit: true};
+    var link = {page: page, tag: tag, written: tag, start: 0, end: 0, target: tag, isHit: true};
     if (found) {
       link.end = found.index + found[0].length - (found[1] && found[0].slice(-1) === found[1] ? 1 : 0);
-      link.target = found[1] ? found[2] : found[3];
-      link.start = link.end - link.target.length;
-      link.target = fullTarget(link.target.trim(), page.path);
+      link.written = found[1] ? found[2] : found[3];
+      link.start = link.end - link.written.length;
+      link.target = fullTarget(link.written.trim(), page.path);
     }
     link.text = (page.path + '\n' + tag + '\n' + link.target).toLowerCase();
     page.links.push(link);
@@ -285,11 +285,16 @@
     show(byTarget);
   }
 
+  function plain(text) {
+    return text.replace(/\u00b4/g, "'");
+  }
+
+  // The link is as the page has it, with its apostrophes.
   function csv() {
     var rows = [['page', 'link', 'target']];
     current.groups.forEach(function (group) {
       group.links.forEach(function (link) {
-        if (link.isHit) rows.push([link.page.path, link.tag, link.target]);
+        if (link.isHit) rows.push([link.page.path, plain(link.written), plain(link.target)]);
       });
     });
     return rows.map(function (row) {

@@ -49,11 +49,21 @@
   var kinds = [['Internal', counts.internal], ['External', counts.external], ['Broken', counts.broken],
     ['Media', counts.media]];
   var total = counts.internal + counts.external + counts.broken + counts.media;
-  function percent(count) {
-    var share = (100 * count / total).toFixed(1);
-    return (count && share === '0.0' ? 'under 0.1' : share.replace('.0', '')) + ' %';
+  // In tenths of a percent. Those that are rounded down most get what is missing to 100 %.
+  function sharesOf(counts) {
+    var exact = counts.map(function (count) { return 1000 * count / total; }), shares = exact.map(Math.floor);
+    var order = exact.map(function (share, i) { return i; }).sort(function (a, b) {
+      return exact[b] - shares[b] - (exact[a] - shares[a]);
+    });
+    var missing = 1000 - shares.reduce(function (sum, share) { return sum + share; });
+    order.slice(0, missing).forEach(function (i) { shares[i]++; });
+    return shares;
+  }
+  function percent(count, share) {
+    return (count && !share ? 'under 0.1' : String(share / 10)) + ' %';
   }
   if (total) {
+    var shares = sharesOf(kinds.map(function (kind) { return kind[1]; }));
     var strip = make('div', 'strip'), list = make('ul');
     strip.setAttribute('aria-hidden', 'true');
     kinds.forEach(function (kind, i) {
@@ -64,7 +74,7 @@
       item.appendChild(make('i', 'k' + i));
       item.appendChild(document.createTextNode(words));
       item.appendChild(make('b', '', Report.grouped(kind[1])));
-      item.appendChild(document.createTextNode(' (' + percent(kind[1]) + ')'));
+      item.appendChild(document.createTextNode(' (' + percent(kind[1], shares[i]) + ')'));
       list.appendChild(item);
     });
     var mix = make('div', 'mix'), table = document.querySelector('.sum');
@@ -90,10 +100,12 @@
   else if (!counts.added && !total)
     explain('No links were found.', 'The pages that were read hold no links that Ferncastle follows, so it had no ' +
       'pages to add.');
-  else if (!counts.added && counts.broken > counts.external)
-    explain('No pages were added.', 'Most links lead to files that were not found. Probably ' + site +
-      ' is not the top folder of your site, or the pages that they lead to are missing there.');
   else if (!counts.added)
-    explain('No pages were added.', 'No link leads to a page of your site. If you expected some, check whether the ' +
-      'domain name is spelled as in your links.');
+    explain('No pages were added.', (counts.broken > counts.external ?
+      'Most links lead to files that were not found. Probably ' + site + ' is not the top folder of your site, or the ' +
+      'pages that they lead to are missing there.' :
+      'No link leads to a page of your site. If you expected some, check whether the domain name is spelled as in ' +
+      'your links.') + ' If the run showed messages that it was unable to copy pages, their new names may be too ' +
+      'long: the keywords of a name may have about 240 letters together. Then choose fewer keywords for each name, ' +
+      'or shorter ones.');
 })();

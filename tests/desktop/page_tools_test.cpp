@@ -2,6 +2,7 @@
 // for the support site.
 #ifdef FERNCASTLE_WEBENGINE
 #include "WindowTest.h"
+#include "core/Utils.h"
 #include "desktop/FindBar.h"
 #include "report/frmReport.h"
 #include "toolkit/Gates.h"
@@ -161,6 +162,64 @@ TEST_F(PageTools, NothingIsSavedUnasked)
     frmReport::FinalReportBrowser.Navigate(address.toStdString());
     EXPECT_TRUE(WaitUntil([&] { return Content(saved + ".web") == "PK!"; }));
     EXPECT_TRUE(Shows("frmReport.txtAddress").ends_with("report.html"));
+}
+
+// The pages of the report do this with their own scripts, in a template that is filled as a run fills it.
+TEST_F(PageTools, ReportPagesFoldFilterSortAndCount)
+{
+    const auto show = [&](const char *theTemplate, const std::vector<std::pair<Text, Text>> &theValues) {
+        std::ostringstream page;
+        page << std::ifstream(program / theTemplate).rdbuf();
+        Text text = page.str();
+        for (const auto &[marker, value] : theValues)
+            text = ReplaceText(text, marker, value);
+        std::ofstream(program / "0001_store" / "report.html") << text;
+        Evaluate("window.isOld = 'old'");
+        Key(Qt::Key_F5);
+        EXPECT_TRUE(WaitUntil([&] { return Evaluate("window.isOld + document.readyState") == "undefinedcomplete"; }));
+    };
+    Text rows;
+    for (const char *row : {"c:\\s\\a.htm", "     &lt;a href=&quot;none.htm&quot;&gt;",
+             "     &lt;a href=&quot;own.example/gone.htm&quot; title=&quot;x&quot;&gt;", " ", "c:\\s\\b.htm",
+             "     &lt;a href=&acute;own.example/gone.htm&acute;&gt;",
+             "     &lt;a href=&quot;www.own.example/gone.htm&quot;&gt;",
+             "     &lt;a href=&quot;it&acute;s.htm&quot;&gt;"})
+        rows += "<TR><TD>" + ReplaceText(row, " ", "&nbsp;") + "</TD></TR>";
+    rows = ReplaceText(ReplaceText(rows, "a&nbsp;href", "a href"), "&nbsp;title", " title");
+    show("report_linksbroken_template.html", {{"<!--|||***BrokenLinks***|||-->", rows}});
+    Evaluate(
+        "all = (s) => [...document.querySelectorAll(s)].filter(e => e.offsetHeight).map(e => e.innerText).join('|');"
+        "press = (t) => [...document.querySelectorAll('button')].find(b => b.textContent == t).click();"
+        "Report.copy = (text) => csv = text");
+    EXPECT_EQ(Evaluate("all('.badge')"), "2 links|3 links");
+    EXPECT_EQ(Evaluate("all('mark')"),
+        "none.htm|own.example/gone.htm|own.example/gone.htm|www.own.example/gone.htm|it\u00b4s.htm");
+
+    Evaluate("document.querySelector('.fold').click()");
+    EXPECT_EQ(Evaluate("all('mark')"), "own.example/gone.htm|www.own.example/gone.htm|it\u00b4s.htm");
+    Evaluate("press('Fold all')");
+    EXPECT_EQ(Evaluate("all('mark') + all('.badge')"), "2 links|3 links");
+    Evaluate("press('Unfold all')");
+    Evaluate("box = document.querySelector('input'); box.value = 'GONE'; box.dispatchEvent(new Event('input'))");
+    EXPECT_TRUE(WaitUntil([&] { return Evaluate("all('.badge')") == "1 of 2|2 of 3"; }));
+    Evaluate("press('Copy as CSV')");
+    EXPECT_EQ(Evaluate("csv.split('\\r\\n').slice(0, 2).join('|')"),
+        "\"page\",\"link\",\"target\"|"
+        "\"c:\\s\\a.htm\",\"own.example/gone.htm\",\"own.example/gone.htm\"");
+    EXPECT_EQ(Evaluate("csv.split('\\r\\n').length"), "5");
+
+    Evaluate("box.value = ''; box.dispatchEvent(new Event('input')); press('By missing target')");
+    EXPECT_TRUE(WaitUntil([&] { return Evaluate("all('.badge')") == "3 links on 2 pages|1 link|1 link"; }))
+        << Evaluate("all('.badge')").toStdString();
+    EXPECT_EQ(Evaluate("all('h2')"), "own.example/gone.htm|c:\\s\\it\u00b4s.htm|c:\\s\\none.htm");
+    Evaluate("press('Copy as CSV')");
+    EXPECT_TRUE(Evaluate("csv").contains(QStringLiteral("\"c:\\s\\b.htm\",\"it's.htm\",\"c:\\s\\it's.htm\"")));
+
+    show("report_template.html", {{"<!--lblLinksMediaCnt-->", "0"}, {"<!--lblLinksInternalCnt-->", "1"},
+                                     {"<!--lblLinksExternalCnt-->", "1"}, {"<!--lblLinksBrokenCnt-->", "1"}});
+    EXPECT_EQ(
+        Evaluate("[...document.querySelectorAll('.mix li')].map(e => /\\((.*) %/.exec(e.innerText)[1]).join('|')"),
+        "33.4|33.3|33.3|0");
 }
 
 TEST_F(PageTools, QuestionsAreAnsweredOffline)
