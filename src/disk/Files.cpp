@@ -339,7 +339,7 @@ void Delete(const Text &theFile)
 void Rewrite(const Text &theFile, const Expectation &theChange)
 {
     const Text file = FindFile(theFile);
-    if (standIn && standIn->Has(file))
+    if (standIn && Noted([&] { return standIn->TakesRewrite(file, theChange); }))
         return;
     if (file.empty() || !PendingWrites::Confirm(file, theChange))
         Write(theFile, theChange.Apply(Read(theFile)));
@@ -388,10 +388,14 @@ bool MakeDirectory(const Text &theDir)
     if (!isProject && !WhyNotOwn(*dir, name).empty())
         return false;
     try {
+        if (standIn)
+            standIn->BeforeDirectory(dir->PathOf(name));
         Io::MakeDirectory(dir->PathOf(name));
     } catch (const RuntimeFailure &failure) {
         Losses::Note(failure);
-        dir->Distrust();
+        // What a stand-in has taken over stands in the cache alone.
+        if (!standIn)
+            dir->Distrust();
         return false;
     }
     dir->Add(name, Io::Kind::Directory);

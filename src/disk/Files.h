@@ -69,8 +69,9 @@ struct StandIn {
     // True when it takes theFile over. Fails where the writing would fail.
     virtual bool TakesWrite(const Text &theFile, const Text &theContent) = 0;
     virtual bool TakesCopy(const Text &theSource, const Text &theFile) = 0;
-    // True for a file that it has taken over.
-    virtual bool Has(const Text &theFile) const = 0;
+    virtual bool TakesRewrite(const Text &theFile, const Expectation &theChange) = 0;
+    // Fails where theDir could not be made.
+    virtual void BeforeDirectory(const Text &theDir) const = 0;
 };
 void SetStandIn(StandIn *theStandIn);
 

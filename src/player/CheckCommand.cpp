@@ -22,7 +22,7 @@ int CheckCommand(Arguments &theArguments)
     Findings findings;
     CheckKeywords(options, findings);
     if (!CheckPlace(options, findings))
-        return CheckReport{options, findings, {}, 0, Io::FreeSpace(Paths::ProgramHostDir() + '/'), false}.Tell();
+        return CheckReport{options, findings, {}, nullptr, Io::FreeSpace(Paths::ProgramHostDir() + '/')}.Tell();
     SetTranscript(false);
     Host::HoldInterrupts();
     auto rehearsal = std::make_unique<Rehearsal>(options);

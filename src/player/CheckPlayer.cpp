@@ -1,5 +1,6 @@
 #include "player/CheckPlayer.h"
 #include "core/AppVars.h"
+#include "core/FileHandle.h"
 #include "core/TextOps.h"
 #include "core/frmLists.h"
 #include "disk/Io.h"
@@ -8,9 +9,13 @@
 #include "engine/do_the_file.h"
 #include "engine/frmProcess.h"
 #include "player/CheckReport.h"
+#include "player/Explain.h"
+#include "player/LeftOut.h"
+#include "player/Numbers.h"
 #include "report/frmGeneratingReport.h"
 #include "report/frmReport.h"
-#include <iostream>
+#include <algorithm>
+#include <utility>
 
 static CheckPlayer *thePlayer = nullptr;
 static constexpr int endInterrupted = 130;
@@ -24,15 +29,16 @@ CheckPlayer::CheckPlayer(std::vector<Action> theScript, std::unique_ptr<Rehearsa
     OnFailedPage = [](const RuntimeFailure &theFailure) { thePlayer->EndPage(theFailure); };
 }
 
-void CheckPlayer::Add(bool isError, const Text &theFile, const Text &theWhat)
+void CheckPlayer::Add(Finding theFinding)
 {
-    findings.Add({isError, rehearsal->RealPath(Files::ToHost(theFile)), 0, theWhat});
+    theFinding.File = rehearsal->RealPath(theFinding.File);
+    theFinding.What = rehearsal->WithRealPaths(theFinding.What);
+    findings.Add(theFinding);
 }
 
-void CheckPlayer::AddAtLink(bool isError, const Text &theWhat)
+void CheckPlayer::Add(bool isError, const Text &theFile, const Text &theWhat)
 {
-    findings.Add({isError, Files::ToHost(frmProcess::lblCurrentFile.Now.Caption),
-        LineAt(frmLists::RichTextBox2.Text, LinkInHand), theWhat});
+    Add({isError, Files::ToHost(theFile), 0, theWhat});
 }
 
 void CheckPlayer::Show(Form &theForm)
@@ -41,12 +47,19 @@ void CheckPlayer::Show(Form &theForm)
         progress.Begin();
     else if (&theForm == &frmGeneratingReport::Me)
         progress.BeginReport();
-    else if (&theForm == &frmReport::Me) {
-        hasReport = true;
+    else if (&theForm == &frmReport::Me)
         // The run's screen is closed next, and forgets its counts.
         summary.TakeCounts();
-    }
+    isWalking = &theForm == &frmProcess::Me || (isWalking && &theForm != &frmGeneratingReport::Me);
     Player::Show(theForm);
+}
+
+// Directories are looked at when the walk comes to them, since it may come to one and yield nowhere in it.
+void CheckPlayer::Changed(Element &theElement)
+{
+    Player::Changed(theElement);
+    if (isWalking && &theElement == &frmProcess::Dir1)
+        LookAtDirectory();
 }
 
 void CheckPlayer::DoEvents()
@@ -54,7 +67,6 @@ void CheckPlayer::DoEvents()
     if (Host::IsInterrupted())
         Leave(endInterrupted);
     progress.Look();
-    LookAtDirectory();
     LookAtLink();
     Player::DoEvents();
 }
@@ -75,37 +87,59 @@ void CheckPlayer::LookAtLink()
     const Text domain = LowerText(DomainName);
     if (value.starts_with(domain) &&
         (value.size() == domain.size() || Contains("/\\:?#", Text(1, value[domain.size()]))))
-        AddAtLink(false, "an https link to the site's own domain; the program knows only http");
+        Add({false, Files::ToHost(frmProcess::lblCurrentFile.Now.Caption),
+            LineAt(frmLists::RichTextBox2.Text, LinkInHand),
+            "an https link to the site's own domain; the program knows only http"});
 }
 
 void CheckPlayer::LookAtDirectory()
 {
     const Text &directory = frmProcess::Dir1.NowPath;
-    if (!frmProcess::Me.Visible || hasReport || directory == lastDirectory)
+    if (directory.empty() || directory == lastDirectory)
         return;
     lastDirectory = directory;
     const Text real = Io::RealPath(Files::ToHost(directory)) + '/';
     if (real == Io::RealPath(rehearsal->RealProgram()) + '/' || real.starts_with(rehearsal->RealProject() + '/'))
         Add(true, directory, "this leads to the program directory, where the run would come to its own new site");
+    if (const auto [known, isNew] = seen.insert(directory); isNew)
+        CheckNames(directory, findings);
+}
+
+// Notes that a file of the site, or a new page, could not be made.
+void CheckPlayer::NoteUncopied(const Text &theSource, const Text &theTarget)
+{
+    const auto nameOf = [](const Text &thePath) { return thePath.substr(thePath.rfind('\\') + 1); };
+    const std::vector<Losses::Loss> &losses = Losses::All();
+    const auto loss =
+        std::find_if(losses.rbegin(), losses.rend(), [&](const Losses::Loss &one) { return one.File == theTarget; });
+    const Text reason = loss == losses.rend() ? "" : loss->Reason;
+    if (reason == NameTooLong()) {
+        ++longNames;
+        longestName = std::max(longestName, nameOf(theTarget).size());
+    } else if (const Text dir = rehearsal->ClosedDirectoryOf(rehearsal->RealPath(Files::ToHost(theTarget)));
+               !dir.empty())
+        findings.Add(
+            {false, dir, 0, "you may not write in this directory, so files of the new site are missing there"});
+    else if (!Contains(nameOf(theSource), "."))
+        Add(false, theSource, "this file can't be copied, since its name has no dot");
+    else
+        Add(false, theSource, "this file can't be copied" + (reason.empty() ? reason : ": " + reason));
 }
 
 int CheckPlayer::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
     static const Text head = Text("Unable to copy file:") + CRLF, middle = Text(CRLF) + "to file:" + CRLF;
-    if (thePrompt.starts_with(head)) {
-        const Text file = thePrompt.substr(head.size(), thePrompt.find(middle) - head.size());
-        const bool hasDot = Contains(file.substr(file.rfind('\\') + 1), ".");
-        Add(false, file, hasDot ? "this file can't be copied" : "this file can't be copied, since its name has no dot");
+    if (const std::size_t cut = thePrompt.find(middle); thePrompt.starts_with(head) && cut != Text::npos) {
+        const std::size_t target = cut + middle.size();
+        NoteUncopied(thePrompt.substr(head.size(), cut - head.size()),
+            thePrompt.substr(target, thePrompt.find('\r', target) - target));
     }
     return Player::MsgBox(thePrompt, theFlags, theTitle);
 }
 
 void CheckPlayer::Standstill(const Text &theWhere, const Text &theWhy)
 {
-    const bool isName = theWhere == "CreateNewlyKeywordedFile";
-    AddAtLink(true, theWhere == "GetLinkAtPos" ? "the value of this link has no end"
-                    : isName ? "no free name would be found for a new page; whether this happens depends on the seed"
-                             : theWhy);
+    Add(ExplainStandstill(theWhere, theWhy));
     isStandstill = true;
     throw UntrappedFailure{{theWhy, theWhere}};
 }
@@ -113,31 +147,26 @@ void CheckPlayer::Standstill(const Text &theWhere, const Text &theWhy)
 // A failure or a standstill in a page, with which a run would end.
 void CheckPlayer::EndPage(const RuntimeFailure &theFailure)
 {
-    const Text &page = frmLists::RichTextBox2.Text;
-    if (isStandstill)
-        isStandstill = false;
-    else if (LinkInHand == 0)
-        Add(true, frmProcess::lblCurrentFile.Now.Caption, theFailure.What);
-    else if (FindLastText(page, "<", LinkInHand, false) == 0)
-        AddAtLink(true, "a link ahead of the first tag");
-    else if (FindText(LinkInHand, page, ">") == 0)
-        AddAtLink(true, "the tag of this link has no end");
-    else
-        AddAtLink(true, theFailure.What == "negative count" ? "two good links in one tag" : theFailure.What);
+    if (!std::exchange(isStandstill, false))
+        Add(ExplainFailure(theFailure));
     LinkInHand = 0;
 }
 
 // A failure outside of any page.
 void CheckPlayer::Failure(const RuntimeFailure &theFailure)
 {
-    const bool isCount = theFailure.Where == "Count16";
-    Add(true, frmProcess::Dir1.NowPath,
-        isCount ? "this directory holds more than 32,767 files or directories" : theFailure.What);
+    LinkInHand = 0;
+    Add(ExplainFailure(theFailure));
 }
 
 void CheckPlayer::Lost(const Losses::Loss &theLoss)
 {
-    Add(false, theLoss.File, theLoss.Reason);
+    const Text file = rehearsal->RealPath(Files::ToHost(theLoss.File));
+    if (const Text dir = rehearsal->ClosedDirectoryOf(file); !dir.empty())
+        findings.Add(
+            {false, dir, 0, "you may not write in this directory, so files of the new site are missing there"});
+    else
+        Add(false, theLoss.File, theLoss.Reason);
 }
 
 void CheckPlayer::LookAtNewSite()
@@ -145,11 +174,17 @@ void CheckPlayer::LookAtNewSite()
     for (const Text &directory : rehearsal->OverfullDirectories())
         findings.Add({true, directory, 0,
             "this directory of the new site would hold more than 32,767 files, and the run would make no report"});
+    if (longNames > 0)
+        findings.Add({false, options.UsesQuillmark ? options.Site : KeywordFile(options), 0,
+            "the names of " + Counted(longNames, "new page") + " would be too long, up to " +
+                Grouped(static_cast<std::int64_t>(longestName)) + " bytes where this disk allows " +
+                Grouped(static_cast<std::int64_t>(Host::LongestName(rehearsal->RealProgram() + '/'))) +
+                ", so these pages would not be made; fewer keywords in a name (--per-name) or shorter ones help"});
     summary.BytesWritten = rehearsal->ByteCount();
-    if (summary.BytesWritten > Io::FreeSpace(rehearsal->RealProgram() + '/'))
+    if (rehearsal->Growth() > Io::FreeSpace(rehearsal->RealProgram() + '/'))
         findings.Add({true, rehearsal->RealProgram(), 0, "the new site does not fit on this disk"});
-    if (!hasReport && findings.Errors() == 0)
-        findings.Add({true, options.Site, 0, "the run would make no report: " + reason});
+    if (!ifFileExists(InStoreDir("report.html")) && findings.Errors() == 0)
+        Add({true, {}, 0, "the run would make no report: " + ExplainMissingReport(LastBox())});
 }
 
 int CheckPlayer::Finish(int theCode)
@@ -166,7 +201,7 @@ int CheckPlayer::Finish(int theCode)
     summary.PagesFound = std::max(progress.PagesFound(), summary.PagesProcessed);
     LookAtNewSite();
     const CheckReport report{
-        options, findings, summary, rehearsal->FileCount(), Io::FreeSpace(rehearsal->RealProgram() + '/')};
+        options, findings, summary, rehearsal.get(), Io::FreeSpace(rehearsal->RealProgram() + '/')};
     const int Result = report.Tell();
     rehearsal = nullptr;
     return Result;

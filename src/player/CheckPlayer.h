@@ -5,6 +5,7 @@
 #include "player/Progress.h"
 #include "player/Rehearsal.h"
 #include "player/Summary.h"
+#include <unordered_set>
 
 class CheckPlayer final : public Player
 {
@@ -14,6 +15,7 @@ public:
         Findings theFindings);
 
     void Show(Form &theForm) override;
+    void Changed(Element &theElement) override;
     void DoEvents() override;
     int MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle) override;
     void Standstill(const Text &theWhere, const Text &theWhy) override;
@@ -22,12 +24,13 @@ public:
 
 protected:
     int Finish(int theCode) override;
-    void Complain(const Text &theWhy) override { reason = theWhy; }
+    void Complain(const Text &) override {}
 
 private:
     void Add(bool isError, const Text &theFile, const Text &theWhat);
-    void AddAtLink(bool isError, const Text &theWhat);
+    void Add(Finding theFinding);
     void EndPage(const RuntimeFailure &theFailure);
+    void NoteUncopied(const Text &theSource, const Text &theTarget);
     void LookAtLink();
     void LookAtDirectory();
     void LookAtNewSite();
@@ -39,7 +42,9 @@ private:
     Summary summary;
     std::pair<long, std::int64_t> lastLink;  // the page's number and the position in it
     Text lastDirectory;
-    bool isStandstill = false;  // the page in hand is being left because of one
-    bool hasReport = false;
-    Text reason;  // why the script could not be played to its end
+    std::unordered_set<Text> seen;  // directories
+    bool isStandstill = false;      // the page in hand is being left because of one
+    bool isWalking = false;         // through the site
+    std::int64_t longNames = 0;
+    std::size_t longestName = 0;
 };

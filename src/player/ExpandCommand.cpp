@@ -3,7 +3,6 @@
 #include "core/frmSplash.h"
 #include "disk/Paths.h"
 #include "player/HelpPages.h"
-#include "player/Host.h"
 #include "player/Transcript.h"
 #include "player/UnattendedPlayer.h"
 #include "player/WizardScript.h"
@@ -34,10 +33,8 @@ int ExpandCommand(Arguments &theArguments)
         std::cout << HowToPlay() << script;
         return 0;
     }
-    if (!Host::CanWriteIn(Paths::ProgramHostDir() + '/'))
-        throw OptionError{"you may not write in the program directory " + Paths::ProgramHostDir()};
-    if (!options.Json.empty() && !Host::CanWriteIn(Host::ParentOf(options.Json)))
-        throw OptionError{"--json can't write " + options.Json};
+    if (const Text wrong = WhyNotWritable(options); !wrong.empty())
+        throw OptionError{wrong};
     SetTranscript(false);
     std::istringstream lines(script);
     UnattendedPlayer player(ReadScript(lines), options);

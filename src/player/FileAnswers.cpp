@@ -1,6 +1,7 @@
 #include "player/FileAnswers.h"
 #include "base/Failure.h"
 #include "disk/Files.h"
+#include "disk/Io.h"
 #include "disk/Paths.h"
 #include "player/KeywordList.h"
 
@@ -14,8 +15,7 @@ Outcome FileAnswers::AddTextFile(const Text &thePath)
         }
         copies.push_back(std::make_unique<Host::TempDir>());
         const Text copy = copies.back()->PathOf("copy.txt");
-        if (!Host::WriteFile(copy, windows))
-            Fail("cannot write", copy);
+        Io::Write(copy, windows);
         answers.push_back({Paths::FromHost(copy), thePath});
     } catch (const RuntimeFailure &failure) {
         return {endScript, failure.What + ": " + failure.Where};

@@ -7,13 +7,15 @@
 #include <algorithm>
 #include <map>
 
+Text Finding::Place() const
+{
+    const Text line = Line > 0 ? ':' + std::to_string(Line) : Text();
+    return File.empty() ? What : File + line + ": " + What;
+}
+
 Text Finding::AsLine() const
 {
-    Text Result = IsError ? "error: " : "warning: ";
-    Result += File;
-    if (Line > 0)
-        Result.append(1, ':').append(std::to_string(Line));
-    Result.append(": ").append(What);
+    Text Result = (IsError ? "error: " : "warning: ") + Place();
     for (char &c : Result)
         if (static_cast<unsigned char>(c) < ' ')
             c = ' ';
@@ -38,12 +40,27 @@ std::int64_t LineAt(const Text &theText, std::int64_t thePosition)
     return 1 + std::count(theText.begin(), end, lineEnd);
 }
 
-void CheckKeywords(const RunOptions &theOptions, Findings &theFindings)
+Text KeywordFile(const RunOptions &theOptions)
 {
     const Text &project = theOptions.Project;
-    const Text file = theOptions.Keywords.empty()
-                          ? Paths::ProgramHostDir() + '/' + project + "_store/" + project + ".key"
-                          : theOptions.Keywords;
+    return theOptions.Keywords.empty() ? Paths::ProgramHostDir() + '/' + project + "_store/" + project + ".key"
+                                       : theOptions.Keywords;
+}
+
+// Whether theWord holds a "%" that begins an escape, as it would be read in an address.
+static bool HoldsEscape(const Text &theWord)
+{
+    static const char *const digits = "0123456789abcdefABCDEF";
+    for (std::size_t at = 0; (at = theWord.find('%', at)) != Text::npos; ++at)
+        if (at + 2 < theWord.size() && theWord.find_first_of(digits, at + 1) == at + 1 &&
+            theWord.find_first_of(digits, at + 2) == at + 2)
+            return true;
+    return false;
+}
+
+void CheckKeywords(const RunOptions &theOptions, Findings &theFindings)
+{
+    const Text file = KeywordFile(theOptions);
     if (const Text wrong = TooFewKeywords(theOptions); !wrong.empty())
         theFindings.Add({true, file, 0, wrong});
     std::map<Text, std::int64_t> firstLines;
@@ -55,6 +72,19 @@ void CheckKeywords(const RunOptions &theOptions, Findings &theFindings)
         if (word.find_first_of("/\\:*?\"<>|\r\n") != Text::npos)
             theFindings.Add({false, file, line,
                 Text("the keyword \"") + word + "\" holds a character that file names should not hold"});
+        // The program writes a name into a link as it is.
+        if (theOptions.UsesQuillmark)
+            continue;
+        if (word.find('#') != Text::npos)
+            theFindings.Add({false, file, line,
+                Text("the keyword \"") + word +
+                    "\" holds #: a browser reads a link only up to there, so no link to such a page works"});
+        if (word.find('%') != Text::npos)
+            theFindings.Add({false, file, line,
+                Text("the keyword \"") + word +
+                    (HoldsEscape(word) ? "\" holds % and two digits: a browser takes them for another character, so no "
+                                         "link to such a page works"
+                                       : "\" holds %: some servers refuse a link with a single %")});
     }
 }
 
@@ -76,5 +106,8 @@ bool CheckPlace(const RunOptions &theOptions, Findings &theFindings)
             "the site holds the program directory " + Paths::ProgramHostDir() + ", and so its own new site"});
     else if (isInIt)
         theFindings.Add({true, theOptions.Site, 0, "the site is in the new site of project " + theOptions.Project});
-    return !holdsIt && !isInIt;
+    const Text wrong = WhyNotWritable(theOptions);
+    if (!wrong.empty())
+        theFindings.Add({true, {}, 0, wrong});
+    return !holdsIt && !isInIt && wrong.empty();
 }

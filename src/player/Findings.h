@@ -10,7 +10,9 @@ struct Finding {
     std::int64_t Line = 0;  // 0: the whole file
     Text What;
 
-    // "error: FILE:LINE: What", on one line.
+    // "FILE:LINE: What", as far as there is a file and a line.
+    Text Place() const;
+    // The same behind "error: " or "warning: ", on one line.
     Text AsLine() const;
 };
 
@@ -31,7 +33,10 @@ private:
 std::int64_t LineAt(const Text &theText, std::int64_t thePosition);
 
 struct RunOptions;
+// The file that holds the keywords of a run, or is to hold them.
+Text KeywordFile(const RunOptions &theOptions);
 // Notes what is wrong with the keywords of a run.
 void CheckKeywords(const RunOptions &theOptions, Findings &theFindings);
-// Notes what is wrong with the place of the site. False when the run would end before it has begun.
+// Notes what is wrong with the places of the site and of the new site. False when the run would end before it has
+// begun.
 bool CheckPlace(const RunOptions &theOptions, Findings &theFindings);

@@ -64,8 +64,9 @@ Standard error gets the progress, the messages of the run, each different one
 once with its count, and files that could not be read or written. Standard
 output gets the summary.
 
-Exit status: 0 the report is made, 2 an option is wrong or the wizard could not
-be passed, 3 a failure ended the run, 4 a standstill ended it.
+Exit status: 0 the report is made, 2 an option is wrong or a place to write to
+can't be written, 3 a failure ended the run or it could make no report, 4 a
+standstill ended it.
 
 Examples:
   ferncastle-play expand --site ~/site --domain www.my-site.example \
@@ -97,14 +98,18 @@ report, "warning" what would only give another result than you may expect:
 
   error    two good links in one tag; a link whose value or tag has no end; too
            few keywords; a directory of more than 32,767 files; a site that holds
-           its own new site; not enough space on the disk
+           its own new site; a place that you may not write in, or where
+           something of another kind is in the way; not enough space on the disk
   warning  https links to the site's own domain; keywords that are repeated or
-           hold one of / \ : * ? " < > | or a line break; files that can't be
-           copied because their names have no dot
+           hold one of / \ : * ? " < > | # % or a line break; new names that are
+           too long for the disk; files that can't be copied, such as those whose
+           names have no dot; what a run leaves out: hidden files, names with a
+           backslash, and one of two names that differ only in case
 
-The last lines give the pages, the links and so the copies, and the bytes that
-would be written, against those that are free. After an error in a page the rest
-of that page isn't counted.
+The last lines give the pages, the links and so the copies, and the files and
+bytes that would be written, against the bytes that are free. A project that is
+run again writes the pages of its earlier runs anew too. After an error in a page
+the rest of that page isn't counted.
 
 Exit status: 0 nothing would end the run, 1 something would, 2 an option is
 wrong.

@@ -1,12 +1,16 @@
 #include "player/Host.h"
 #include "base/Failure.h"
 #include "disk/DirectoryCache.h"
+#include "disk/Io.h"
 #include "disk/Paths.h"
 #include <algorithm>
+#include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -30,15 +34,9 @@ Text ParentOf(const Text &thePath)
     return fs::path(thePath).parent_path().string();
 }
 
-bool IsDirectory(const Text &thePath)
-{
-    std::error_code error;
-    return fs::is_directory(thePath, error);
-}
-
 bool CanRead(const Text &thePath)
 {
-    return access(thePath.c_str(), IsDirectory(thePath) ? R_OK | X_OK : R_OK) == 0;
+    return access(thePath.c_str(), Io::KindOf(thePath) == Io::Kind::Directory ? R_OK | X_OK : R_OK) == 0;
 }
 
 bool CanWriteIn(const Text &theDir)
@@ -46,40 +44,56 @@ bool CanWriteIn(const Text &theDir)
     return access(theDir.c_str(), W_OK | X_OK) == 0;
 }
 
-std::vector<Text> NamesIn(const Text &theDir)
+static void WriteInto(const Text &theFile, const Text &theContent, int theFlags)
 {
-    std::vector<Text> Result;
-    std::error_code error;
-    for (fs::directory_iterator at(theDir, error), end; !error && at != end; at.increment(error))
-        Result.push_back(at->path().filename().string());
-    return Result;
+    const int file = open(theFile.c_str(), O_WRONLY | O_CLOEXEC | theFlags, 0666);
+    bool isDone = file >= 0;
+    for (std::size_t at = 0; isDone && at < theContent.size();) {
+        const ssize_t written = write(file, theContent.data() + at, theContent.size() - at);
+        isDone = written >= 0 || errno == EINTR;
+        at += static_cast<std::size_t>(std::max<ssize_t>(written, 0));
+    }
+    const int reason = errno;
+    if (file >= 0 && close(file) != 0 && isDone)
+        Fail(std::strerror(errno), theFile);
+    if (!isDone)
+        Fail(std::strerror(reason), theFile);
 }
 
-bool WriteFile(const Text &theFile, const Text &theContent)
+void WriteFile(const Text &theFile, const Text &theContent)
 {
-    std::ofstream file(theFile, std::ios::binary);
-    file << theContent;
-    file.close();
-    return !file.fail();
+    WriteInto(theFile, theContent, O_CREAT | O_TRUNC);
 }
 
-bool CopyFile(const Text &theSource, const Text &theTarget)
+void TryFile(const Text &theFile)
 {
-    std::error_code error;
-    return fs::copy_file(theSource, theTarget, error);
+    const Io::Kind kind = Io::KindOf(theFile);
+    // Who reads a pipe would take its closing for the end.
+    if (kind == Io::Kind::Other) {
+        if (access(theFile.c_str(), W_OK) != 0)
+            Fail(std::strerror(errno), theFile);
+        return;
+    }
+    WriteInto(theFile, "", kind == Io::Kind::None ? O_CREAT : 0);
+    if (kind == Io::Kind::None)
+        Io::Delete(Io::RealPath(theFile));
 }
 
-bool MakeLink(const Text &theTarget, const Text &theLink)
+void MakeLink(const Text &theTarget, const Text &theLink)
 {
-    std::error_code error;
-    fs::create_symlink(theTarget, theLink, error);
-    return !error;
+    if (symlink(theTarget.c_str(), theLink.c_str()) != 0)
+        Fail(std::strerror(errno), theLink);
 }
 
-bool MakeDirectory(const Text &theDir)
+std::size_t LongestName(const Text &theDir)
 {
-    std::error_code error;
-    return fs::create_directory(theDir, error);
+    const long longest = pathconf(theDir.c_str(), _PC_NAME_MAX);
+    return longest > 0 ? static_cast<std::size_t>(longest) : 255;
+}
+
+std::size_t LongestPath()
+{
+    return PATH_MAX - 1;
 }
 
 std::int64_t ChangeTime(const Text &theFile)

@@ -10,17 +10,17 @@ namespace Host
 Text FullPath(const Text &thePath);
 // The directory of a full path.
 Text ParentOf(const Text &thePath);
-bool IsDirectory(const Text &thePath);
 bool CanRead(const Text &thePath);
 bool CanWriteIn(const Text &theDir);
-// The names in a directory; empty when it can't be read.
-std::vector<Text> NamesIn(const Text &theDir);
-// Writes a file; false when that failed.
-bool WriteFile(const Text &theFile, const Text &theContent);
-bool CopyFile(const Text &theSource, const Text &theTarget);
-// Makes theLink a symbolic link to theTarget.
-bool MakeLink(const Text &theTarget, const Text &theLink);
-bool MakeDirectory(const Text &theDir);
+// Writes into a file of the user as "> FILE" does: a pipe, a device and a link stay what they are. TryFile only finds
+// out whether that can be done, and leaves nothing behind. Both fail with a run-time failure.
+void WriteFile(const Text &theFile, const Text &theContent);
+void TryFile(const Text &theFile);
+// Makes theLink a symbolic link to theTarget; fails with a run-time failure.
+void MakeLink(const Text &theTarget, const Text &theLink);
+// How many bytes the names in a directory, and whole paths, may have.
+std::size_t LongestName(const Text &theDir);
+std::size_t LongestPath();
 // When a file was last changed, in the clock of its file system; the lowest time when it isn't there.
 std::int64_t ChangeTime(const Text &theFile);
 // The bytes of all files in theDir and below that were not changed before theTime.

@@ -42,8 +42,9 @@ protected:
     virtual void Complain(const Text &theWhy);
     // Ends the process from within the program's procedures, which would otherwise go on.
     [[noreturn]] void Leave(int theCode);
-    // How often each message was shown.
+    // How often each message was shown, and which was the last one, empty if there was none.
     const std::map<Text, long> &Boxes() const { return boxes; }
+    const Text &LastBox() const { return lastBox; }
 
 private:
     void PlayLines();

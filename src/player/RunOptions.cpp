@@ -11,7 +11,9 @@
 #include "disk/Paths.h"
 #include "player/Host.h"
 #include "player/KeywordList.h"
+#include "toolkit/Gates.h"
 #include "toolkit/Services.h"
+#include <algorithm>
 #include <iostream>
 #include <utility>
 
@@ -89,7 +91,7 @@ static void RequireNameable(const Text &thePath)
 static Text ExistingDirectory(const Text &thePath)
 {
     const Text Result = Host::FullPath(thePath);
-    if (!Host::IsDirectory(Result))
+    if (Io::KindOf(Result) != Io::Kind::Directory)
         throw OptionError{"there is no directory " + thePath};
     if (!Host::CanRead(Result))
         throw OptionError{"the directory can't be read: " + thePath};
@@ -152,17 +154,43 @@ static void LoadProject(RunOptions &theOptions)
         theOptions.Site = Files::ToHost(dir);
     if (const Text words = SavedIn(number, "NumberOfKeywords.sav"); !words.empty())
         theOptions.PerName = static_cast<long>(NumberAtStart(words));
-    const Text former = std::exchange(ProjectNumber, number);
-    theOptions.HadQuillmark = theOptions.UsesQuillmark = LoadVariable("UsingQuillmark", 1) == "True";
-    ProjectNumber = former;
     if (const Text key = InProgramDir(number + "_store\\" + number + ".key"); ifFileExists(key))
         theOptions.KeywordRows = KeywordsOf(Files::Read(key));
 }
 
-static void Require(const Text &theValue, const Text &theOption)
+// Finds out which number the project has, or will get from the wizard, and what its store has saved.
+static void TakeNumber(RunOptions &theOptions)
+{
+    theOptions.Number = theOptions.Project.empty() ? "0001" : theOptions.Project;
+    for (int i = 2; theOptions.Project.empty() && Files::IsDirectory(InProgramDir(theOptions.Number)); ++i)
+        theOptions.Number = PadNumberLeft(i, 4);
+    theOptions.HasStore = Files::IsDirectory(InProgramDir(theOptions.Number + "_store"));
+    const Text former = std::exchange(ProjectNumber, theOptions.Number);
+    theOptions.HadQuillmark = LoadVariable("UsingQuillmark", 1) == "True";
+    ProjectNumber = former;
+}
+
+Text WhyNotWritable(const RunOptions &theOptions)
+{
+    const Text program = Paths::ProgramHostDir() + '/', real = Io::RealPath(program);
+    for (const Text &name : {Text(), theOptions.Number, theOptions.Number + "_store"}) {
+        const Text path = program + name;
+        if (Io::KindOf(path) == Io::Kind::None)
+            continue;
+        if (Io::KindOf(path) != Io::Kind::Directory)
+            return path + " is in the way: it is no directory";
+        if (!name.empty() && Io::RealPath(path) != (real == "/" ? "" : real) + '/' + name)
+            return path + " is in the way: it is a link, and the wizard writes only in directories of its own";
+        if (!Host::CanWriteIn(path))
+            return "you may not write in the directory " + path;
+    }
+    return {};
+}
+
+static void Require(const Text &theValue, const Text &theOption, const Text &theCommand)
 {
     if (theValue.empty())
-        throw OptionError{theOption + " is missing; usage: ferncastle-play expand --help"};
+        throw OptionError{theOption + " is missing; usage: ferncastle-play " + theCommand + " --help"};
 }
 
 Text TooFewKeywords(const RunOptions &theOptions)
@@ -217,12 +245,13 @@ RunOptions ReadRunOptions(const Text &theCommand, Arguments &theArguments)
     RequireProgramDir();
     if (!Result.Project.empty())
         LoadProject(Result);
+    TakeNumber(Result);
     if (!Result.Project.empty() && !name.empty())
         throw OptionError{"--name can't rename project " + Result.Project};
-    Require(site + Result.Site, "--site");
-    Require(domain + Result.Domain, "--domain");
+    Require(site + Result.Site, "--site", theCommand);
+    Require(domain + Result.Domain, "--domain", theCommand);
     if (Result.Project.empty())
-        Require(keywords, "--keywords");
+        Require(keywords, "--keywords", theCommand);
     Result.Site = ExistingDirectory(site.empty() ? Result.Site : site);
     if (!domain.empty())
         Result.Domain = PlainDomain(domain);
@@ -232,10 +261,29 @@ RunOptions ReadRunOptions(const Text &theCommand, Arguments &theArguments)
     }
     if (!perName.empty())
         Result.PerName = WholeNumber("--per-name", perName, 99);
-    Result.UsesQuillmark = quillmark.value_or(Result.UsesQuillmark);
+    Result.UsesQuillmark = quillmark.value_or(!Result.Project.empty() && Result.HadQuillmark);
     if (Result.Project.empty())
         Result.Name = name.empty() ? Result.Domain : name;
-    if (!Result.Json.empty())
+    if (!Result.Json.empty()) {
         Result.Json = Host::FullPath(Result.Json);
+        try {
+            Host::TryFile(Result.Json);
+        } catch (const RuntimeFailure &failure) {
+            throw OptionError{"--json can't write " + Result.Json + ": " + failure.What};
+        }
+    }
     return Result;
+}
+
+int SaveResult(const RunOptions &theOptions, const Text &theJson, int theCode)
+{
+    if (theOptions.Json.empty())
+        return theCode;
+    try {
+        Host::WriteFile(theOptions.Json, theJson);
+    } catch (const RuntimeFailure &failure) {
+        std::cerr << "ferncastle-play: --json can't write " << theOptions.Json << ": " << failure.What << '\n';
+        return std::max(theCode, endFailure);
+    }
+    return theCode;
 }

@@ -47,7 +47,9 @@ struct RunOptions {
     bool UsesQuillmark = false;
     bool HasNoFilters = false;
     Text Project;                      // four digits; empty for a new project
-    bool HadQuillmark = false;         // what the project has saved
+    Text Number;                       // that the run will have, also for a new project
+    bool HasStore = false;             // its store is there, as it may be for a new project too
+    bool HadQuillmark = false;         // what the store has saved
     std::vector<Keyword> KeywordRows;  // the keywords themselves
     Text Json;                         // full path of the host; empty for none
     bool IsQuiet = false, PrintsScript = false, WantsHelp = false;
@@ -55,5 +57,9 @@ struct RunOptions {
 
 // Reads and checks the command line of "expand" or "check"; throws an OptionError for the first thing that is wrong.
 RunOptions ReadRunOptions(const Text &theCommand, Arguments &theArguments);
+// Writes theJson where --json says, if anywhere. Returns theCode, or that of a failure when it could not be written.
+int SaveResult(const RunOptions &theOptions, const Text &theJson, int theCode);
+// Why the run could not write where it must, or nothing.
+Text WhyNotWritable(const RunOptions &theOptions);
 // What is wrong with the number of keywords, or nothing.
 Text TooFewKeywords(const RunOptions &theOptions);

@@ -6,6 +6,8 @@
 #include "disk/Files.h"
 #include "engine/URLHandle.h"
 #include "engine/frmProcess.h"
+#include "player/Explain.h"
+#include "player/Host.h"
 #include "player/Json.h"
 #include "player/Numbers.h"
 #include <algorithm>
@@ -47,14 +49,15 @@ void Summary::TakeCounts()
     MediaFiles = count(lblMediaFilesFound);
 }
 
-void Summary::TakeFiles()
+void Summary::TakeFiles(std::int64_t theStart)
 {
     if (ProjectNumber.empty())
         return;
     if (const Text site = InProgramDir(ProjectNumber); Files::IsDirectory(site))
         NewSite = Files::ToHost(site);
     if (const Text report = InStoreDir("report.html"); Outcome == "report" && ifFileExists(report))
-        Report = Files::ToHost(report);
+        if (const Text file = Files::ToHost(report); Host::ChangeTime(file) >= theStart)
+            Report = file;
     Broken = RecordsOf("Broken");
     External = RecordsOf("External");
 }
@@ -121,17 +124,14 @@ Text Summary::AsJson() const
 Text Complaints(const Summary &theSummary)
 {
     Text Result;
-    for (const auto &[text, count] : theSummary.Boxes) {
-        // One line for each box: its lines are joined.
-        Text line;
-        for (const char c : text)
-            if (c != '\r')
-                line += c == '\n' ? (line.empty() || line.back() == ' ' ? "" : " ") : Text(1, c);
-        line.erase(line.find_last_not_of(' ') + 1);
-        Result += "message: " + line + (count > 1 ? " (" + Grouped(count) + " times)" : "") + '\n';
-    }
+    for (const auto &[text, count] : theSummary.Boxes)
+        Result += "message: " + OnOneLine(text) + (count > 1 ? " (" + Grouped(count) + " times)" : "") + '\n';
     for (const Losses::Loss &loss : theSummary.Lost)
         Result += "lost: " + Files::ToHost(loss.File) + ": " + loss.Reason +
                   (loss.Times > 1 ? " (" + Grouped(loss.Times) + " times)" : "") + '\n';
+    if (theSummary.LongNames > 0)
+        Result += "note: the names of " + Counted(theSummary.LongNames, "new page") +
+                  " were too long for this disk, so these pages are missing; fewer keywords in a name (--per-name) or "
+                  "shorter ones help\n";
     return Result;
 }

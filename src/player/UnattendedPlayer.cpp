@@ -1,8 +1,10 @@
 #include "player/UnattendedPlayer.h"
+#include "base/Failure.h"
 #include "core/AppVars.h"
 #include "core/FileHandle.h"
 #include "disk/Files.h"
 #include "engine/frmProcess.h"
+#include "player/Explain.h"
 #include "player/Host.h"
 #include "report/frmGeneratingReport.h"
 #include "report/frmReport.h"
@@ -13,7 +15,7 @@
 UnattendedPlayer::UnattendedPlayer(std::vector<Action> theScript, const RunOptions &theOptions)
     : Player(std::move(theScript)), options(theOptions), progress(!theOptions.IsQuiet)
 {
-    summary.Outcome = "script";
+    summary.Outcome = "failure";
 }
 
 void UnattendedPlayer::Show(Form &theForm)
@@ -38,36 +40,20 @@ void UnattendedPlayer::DoEvents()
     Player::DoEvents();
 }
 
-// Where the run ended, to be added to the reason.
-static Text CurrentPage()
+void UnattendedPlayer::EndBy(const Text &theOutcome, const Finding &theReason)
 {
-    const Text page = frmProcess::Me.Loaded ? Files::ToHost(frmProcess::lblCurrentFile.Now.Caption) : Text();
-    return page.empty() ? page : Text(", at ") + page;
-}
-
-void UnattendedPlayer::EndBy(const Text &theOutcome, const Text &theReason)
-{
-    progress.End();
     summary.Outcome = theOutcome;
-    summary.Reason = theReason;
-    std::cerr << theOutcome << ": " << theReason << '\n';
+    summary.Reason = theReason.Place();
 }
 
-void UnattendedPlayer::Standstill(const Text &, const Text &theWhy)
+void UnattendedPlayer::Standstill(const Text &theWhere, const Text &theWhy)
 {
-    EndBy("standstill", theWhy + CurrentPage());
+    EndBy("standstill", ExplainStandstill(theWhere, theWhy));
 }
 
 void UnattendedPlayer::Failure(const RuntimeFailure &theFailure)
 {
-    EndBy("failure", theFailure.What + " (" + theFailure.Where + ")" + CurrentPage());
-}
-
-void UnattendedPlayer::Complain(const Text &theWhy)
-{
-    progress.End();
-    summary.Reason = theWhy;
-    Player::Complain(theWhy);
+    EndBy("failure", ExplainFailure(theFailure));
 }
 
 void UnattendedPlayer::Lost(const Losses::Loss &theLoss)
@@ -75,14 +61,13 @@ void UnattendedPlayer::Lost(const Losses::Loss &theLoss)
     summary.Lost.push_back(theLoss);
 }
 
-void UnattendedPlayer::TakeAll(int theCode)
+void UnattendedPlayer::TakeAll()
 {
-    summary.Status = theCode;
     if (frmProcess::Me.Loaded)
         summary.TakeCounts();
     summary.PagesFound = std::max(progress.PagesFound(), summary.PagesProcessed);
     summary.Seconds = progress.Seconds();
-    summary.TakeFiles();
+    summary.TakeFiles(startTime);
     if (!summary.NewSite.empty() && summary.Seconds > 0)
         summary.BytesWritten = Host::BytesSince(summary.NewSite, startTime);
     summary.Boxes = Boxes();
@@ -91,19 +76,26 @@ void UnattendedPlayer::TakeAll(int theCode)
         for (const Losses::Loss &one : Losses::All())
             if (one.File == loss.File && one.Reason == loss.Reason)
                 loss.Times = one.Times;
+    for (const Losses::Loss &one : Losses::All())
+        summary.LongNames += one.Reason == NameTooLong() ? one.Times : 0;
 }
 
 int UnattendedPlayer::Finish(int theCode)
 {
     progress.End();
-    const int Result = Player::Finish(theCode);
-    TakeAll(Result);
-    std::cerr << Complaints(summary);
-    if (!options.IsQuiet)
-        std::cout << summary.ForPeople();
-    if (!options.Json.empty() && !Host::WriteFile(options.Json, summary.AsJson())) {
-        std::cerr << "ferncastle-play: cannot write " << options.Json << '\n';
-        return Result == 0 ? endFailure : Result;
+    int Result = Player::Finish(theCode);
+    TakeAll();
+    const bool isMissed = Result == 0 || Result == endScript;
+    if (isMissed && summary.Report.empty()) {
+        EndBy("failure", {true, {}, 0, "there is no report: " + ExplainMissingReport(LastBox())});
+        Result = endFailure;
     }
-    return Result;
+    summary.Status = Result;
+    std::cerr << Complaints(summary);
+    // A run that has not begun has no numbers.
+    if (!options.IsQuiet && summary.Seconds > 0)
+        std::cout << summary.ForPeople() << std::flush;
+    if (!summary.Reason.empty())
+        std::cerr << summary.Outcome << ": " << summary.Reason << '\n';
+    return SaveResult(options, summary.AsJson(), Result);
 }

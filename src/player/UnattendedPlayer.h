@@ -1,6 +1,7 @@
 // The player of the command "expand": it shows progress instead of a transcript, and tells in the end what came of the
 // run.
 #pragma once
+#include "player/Findings.h"
 #include "player/Player.h"
 #include "player/Progress.h"
 #include "player/RunOptions.h"
@@ -19,11 +20,12 @@ public:
 
 protected:
     int Finish(int theCode) override;
-    void Complain(const Text &theWhy) override;
+    // That a line of the script can't be played says nothing to a user. Finish tells why there is no report.
+    void Complain(const Text &) override {}
 
 private:
-    void EndBy(const Text &theOutcome, const Text &theReason);
-    void TakeAll(int theCode);
+    void EndBy(const Text &theOutcome, const Finding &theReason);
+    void TakeAll();
 
     const RunOptions options;
     Progress progress;

@@ -58,7 +58,7 @@ Text WizardScript(const RunOptions &theOptions)
         AddSavedProject(script, theOptions);
 
     script.Add("go frmDirectory.Dir1", Paths::FromHost(theOptions.Site), "--site");
-    if (!theOptions.Project.empty()) {
+    if (theOptions.HasStore) {
         // When the saved directory is gone, the screen shows another domain than the project's.
         script.Add("key frmDirectory.txtDomainName Clear");
         script.Add("type frmDirectory.txtDomainName", theOptions.Domain, "--domain");
@@ -66,7 +66,7 @@ Text WizardScript(const RunOptions &theOptions)
     script.Add("click frmDirectory.btnNext");
 
     if (!theOptions.Keywords.empty()) {
-        if (!theOptions.Project.empty()) {
+        if (theOptions.HasStore) {
             script.Add("answer Yes");
             script.Add("click frmKeywords.btnKeywordClear");
         }

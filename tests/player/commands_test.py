@@ -21,8 +21,20 @@ def files_of(directory):
             for one in directory.rglob("*")}
 
 
-def play(*arguments):
-    return subprocess.run([player, *map(str, arguments)], capture_output=True, text=True, errors="replace")
+def stamps_of(directory):
+    return {one: (one.stat().st_ino, one.stat().st_mtime_ns) for one in directory.rglob("*") if one.is_file()}
+
+
+def play(*arguments, user=None):
+    return subprocess.run([player, *map(str, arguments)], capture_output=True, text=True, errors="replace", user=user)
+
+
+# To root no directory is closed, so another user stands in where that user may start the player.
+nobody = 65534 if os.geteuid() == 0 else None
+try:
+    canClose = play("--version", user=nobody).returncode == 0
+except PermissionError:
+    canClose = False
 
 
 class Place:
@@ -34,13 +46,22 @@ class Place:
         self.json = directory / "out.json"
         shutil.copytree(data, self.program)
         self.words.write_text("fern\nmoss garden\noak\nivy")
+        self.user = None
 
     def options(self):
         return ["--program-dir", self.program, "--site", self.site, "--domain", "https://www.Own.example/",
                 "--keywords", self.words, "--seed", 5]
 
+    def close(self, directory):
+        """Lets nobody write in a directory, not even this user."""
+        self.user = nobody
+        if nobody:
+            for one in [self.json.parent, *self.json.parent.rglob("*")]:
+                os.chown(one, nobody, nobody, follow_symlinks=False)
+        directory.chmod(0o555)
+
     def command(self, name, *more):
-        done = play(name, *self.options(), "--json", self.json, *more)
+        done = play(name, *self.options(), "--json", self.json, *more, user=self.user)
         return done, json.loads(self.json.read_text())
 
 
@@ -48,10 +69,11 @@ def test_options(place):
     shutil.copytree(data / "sample", place.site)
     wrong = [["--wrong"], ["--per-name", "x"], ["--per-name", "5"], ["--site", place.site / "none"], ["--name"],
              ["--keywords", "/nowhere"], ["--domain", "two words"], ["--project", "1"], ["--name", "a  # b"],
-             ["--json", "/nowhere/x.json"], ["--quiet=yes"], ["--program-dir", "/nowhere"]]
+             ["--json", "/nowhere/x.json"], ["--json", place.site], ["--quiet=yes"], ["--program-dir", "/nowhere"]]
     for more in wrong:
         done = play("expand", *place.options(), *more)
         expect(done.returncode == 2 and done.stdout == "" and done.stderr.count("\n") == 1, more, done)
+    expect("play check --help" in play("check", "--program-dir", place.program).stderr, "another command's usage")
     expect(not (place.program / "0001").exists(), "a wrong option leaves a project behind")
     for name in ["expand"], ["check"], []:
         expect("Exit status" in play(*name, "--help").stdout, name)
@@ -91,6 +113,27 @@ def test_findings(place):
     expect(done.returncode == 1 and errors == ["a.htm", "b.htm"], said["findings"])
 
 
+def test_no_report(place):
+    """A run that could not make its report says so as a failure, in words about the user's files."""
+    shutil.copytree(data / "sample", place.site)
+    for name in "0001.dom", "report.html":
+        (place.program / "0001_store" / name).mkdir(parents=True)
+        check, said = place.command("check")
+        errors = [one["text"] for one in said["findings"] if one["severity"] == "error"]
+        done, said = place.command("expand")
+        expect(done.returncode == 3 and said["outcome"] == "failure" and name in said["reason"], done)
+        expect(said["reason"] in done.stderr and "frm" not in done.stderr, done)
+        expect(check.returncode == 1 and len(errors) == 1 and name in errors[0], check)
+        shutil.rmtree(place.program / "0001_store")
+        shutil.rmtree(place.program / "0001")
+    place.words.write_text("\n".join(letter * 90 for letter in "abc"))
+    check, said = place.command("check")
+    done, counts = place.command("expand")
+    note = re.search(r"the names of [0-9]+ new pages", done.stderr).group()
+    expect(len([one for one in said["findings"] if note in one["text"]]) == 1, note, check)
+    expect(counts["pages_added"] == said["pages_added"] == 0, said)
+
+
 def test_progress(place):
     done = play("expand", *place.options())
     expect("27 of 27 pages" in done.stderr and "\r" not in done.stderr and "Report" in done.stdout, done)
@@ -126,7 +169,9 @@ def generate(site, seed):
     rnd = random.Random(seed)
     folders = ["", "sub/", "sub/deep/", "Other/"]
     names = [rnd.choice(folders) + name for name in ["index.htm", "a.htm", "Bee.HTML", "c.html", "long-name.htm", "d.htm"]]
-    for name in names + ["pic.gif", "sub/film.avi", "style.css", "Other/notes.txt"] + ["README", "sub/LICENSE"][:seed % 3]:
+    odd = ["PIC.GIF", "SUB/film.avi", ".hidden", "sub/back\\slash.gif", "a#b/c.gif", "c#.gif", names[0].upper()]
+    for name in (names + ["pic.gif", "sub/film.avi", "style.css", "Other/notes.txt"] + ["README", "sub/LICENSE"][:seed % 3]
+                 + rnd.sample(odd, seed % 4)):
         (site / name).parent.mkdir(parents=True, exist_ok=True)
         (site / name).write_text("x" * rnd.randrange(2000))
     targets = [name.split("/")[-1] for name in names] + ["/" + name for name in names] + [
@@ -145,18 +190,52 @@ def generate(site, seed):
     return rnd.choice([[], [], ["--no-filters"], ["--quillmark"], ["--per-name", "0"]])
 
 
+def change(place, rnd):
+    """Does to a new site what a user may have done to it since the last run. Returns the options of the next run."""
+    new = place.program / "0001"
+    pages, folders = sorted(new.rglob("*.htm*")), sorted(one for one in new.rglob("*") if one.is_dir())
+    for page in rnd.sample(pages, min(len(pages), 4)):
+        what = rnd.randrange(12)
+        if what == 0:
+            page.unlink()
+            page.mkdir()
+        elif what < 4:
+            page.unlink()
+        elif what < 8:
+            page.write_text(page.read_text() + '<a href="/x.htm">' * what)
+    (new / "mine.html").write_text('<a href="mine.html">')
+    (new / "mine.bin").write_text("mine")
+    if folders and rnd.random() < 0.3:
+        shutil.rmtree(folders[0])
+    elif folders and canClose and rnd.random() < 0.5:
+        place.close(folders[0])
+    if rnd.random() < 0.2:
+        shutil.move(new, place.site.parent)
+        return []
+    return ["--project", rnd.choice(["1", "0001"])] + rnd.choice([[], ["--seed", "6"], ["--per-name", "1"]])
+
+
 def test_agreement(place, seed):
-    """Returns how the run ended."""
+    """Returns how the first run ended, and how a second one into the same project."""
     more = generate(place.site, seed)
     if seed % 10 == 0:
         place.words.write_text("fern\nferns\nFERN\na:b")
+    ends = [compare(place, seed, more)]
+    if ends[0] != "refused":
+        ends.append("again: " + compare(place, seed, change(place, random.Random(seed)) + more))
+    return ends
+
+
+def compare(place, seed, more):
+    place.json.unlink(missing_ok=True)
     before = files_of(place.program), files_of(place.site)
     check, said = place.command("check", *more)
     expect((files_of(place.program), files_of(place.site)) == before, "check leaves traces")
     errors = [one for one in said["findings"] if one["severity"] == "error"]
     expect(check.returncode == (1 if errors else 0), check)
     place.json.unlink()
-    run = play("expand", *place.options(), "--json", place.json, *more)
+    there = stamps_of(place.program / "0001")
+    run = play("expand", *place.options(), "--json", place.json, *more, user=place.user)
     if not place.json.exists():
         expect(run.returncode == 2 and errors and errors[0]["file"] == str(place.words), seed, check, run)
         return "refused"
@@ -165,14 +244,28 @@ def test_agreement(place, seed):
         page = os.path.basename(errors[0]["file"])
         expect(run.returncode in (3, 4) and page in done["reason"], seed, check, done)
         return done["outcome"]
-    made = files_of(place.program / "0001")
+    made = stamps_of(place.program / "0001")
+    written = [one for one in made if there.get(one) != made[one]]
     expect(run.returncode == 0, seed, check, run)
     expect([said[one] for one in counts] == [done[one] for one in counts], seed, said, done)
-    expect(said["bytes"] == done["bytes_written"] and said["files"] == len([one for one in made.values() if one is not None]),
-           seed, said, done)
+    old = len([one for one in written if one in there])
+    expect([said[one] for one in ("bytes", "files", "files_replaced", "files_kept")] ==
+           [done["bytes_written"], len(written), old, len(made) - len(written)], seed, more, said, done)
     stuck = {one["file"] for one in said["findings"] if "can't be copied" in one["text"]}
-    boxes = [one["text"].split("\r\n")[1] for one in done["boxes"] if one["text"].startswith("Unable")]
-    expect({one.split("/")[-1] for one in stuck} == {one.split("\\")[-1] for one in boxes}, seed, stuck, boxes)
+    shut = {one["file"] for one in said["findings"] if "may not write" in one["text"]}
+    boxes = [[line.replace("\\", "/")[2:] for line in one["text"].split("\r\n")[1:4:2]]
+             for one in done["boxes"] if one["text"].startswith("Unable")]
+    expect({one.split("/")[-1] for one in stuck} ==
+           {source.split("/")[-1] for source, target in boxes if os.path.dirname(target) not in shut}, seed, stuck, boxes)
+    # Each file of the site has a copy, but for its case, or is told of; so is each twin of a file that has the copy.
+    named = {one["file"] for one in said["findings"]} - {str(place.site)}
+    free = {str(one.relative_to(place.program / "0001")).lower() for one in made}
+    for one in sorted(one for one in place.site.rglob("*") if one.is_file()):
+        copy = str(one.relative_to(place.site))
+        known = named & {str(part / end) for part in (place.site, place.program / "0001")
+                         for end in [Path(copy), *Path(copy).parents]}
+        expect(known or copy.lower() in free, seed, f"{one} is left out unnoticed", said["findings"])
+        free.discard(copy.lower())
     own = {one["file"] for one in said["findings"] if "https" in one["text"]}
     broken = {one["page"] for one in done["broken_links"] if re.search(r"https://(www\.)?own\.example/", one["tag"])}
     expect(own == broken, seed, own, broken)
@@ -185,9 +278,11 @@ with tempfile.TemporaryDirectory() as one:
         test(sample)
 with tempfile.TemporaryDirectory() as one:
     test_findings(Place(Path(one)))
+with tempfile.TemporaryDirectory() as one:
+    test_no_report(Place(Path(one)))
 ends = []
 for number in range(first, first + rounds):
     with tempfile.TemporaryDirectory() as one:
-        ends.append(test_agreement(Place(Path(one)), number))
-print("commands_test: check and run agree on", len(ends), "sites:",
+        ends += test_agreement(Place(Path(one)), number)
+print("commands_test: check and run agree on", rounds, "sites:",
       ", ".join(f"{end} {ends.count(end)}" for end in sorted(set(ends))))
