@@ -19,6 +19,8 @@
 
 static CheckPlayer *thePlayer = nullptr;
 static constexpr int endInterrupted = 130;
+static const char *const closedDirectory =
+    "you may not write in this directory, so files of the new site are missing there";
 
 CheckPlayer::CheckPlayer(std::vector<Action> theScript, std::unique_ptr<Rehearsal> theRehearsal,
     const RunOptions &theOptions, Findings theFindings)
@@ -89,7 +91,7 @@ void CheckPlayer::LookAtLink()
         (value.size() == domain.size() || Contains("/\\:?#", Text(1, value[domain.size()]))))
         Add({false, Files::ToHost(frmProcess::lblCurrentFile.Now.Caption),
             LineAt(frmLists::RichTextBox2.Text, LinkInHand),
-            "an https link to the site's own domain; the program knows only http"});
+            "an https link to the site's own domain; the program knows only http, so this link is broken"});
 }
 
 void CheckPlayer::LookAtDirectory()
@@ -105,35 +107,25 @@ void CheckPlayer::LookAtDirectory()
         CheckNames(directory, findings);
 }
 
-// Notes that a file of the site, or a new page, could not be made.
-void CheckPlayer::NoteUncopied(const Text &theSource, const Text &theTarget)
+void CheckPlayer::NoteUncopied(const FailedCopy &theCopy)
 {
     const auto nameOf = [](const Text &thePath) { return thePath.substr(thePath.rfind('\\') + 1); };
-    const std::vector<Losses::Loss> &losses = Losses::All();
-    const auto loss =
-        std::find_if(losses.rbegin(), losses.rend(), [&](const Losses::Loss &one) { return one.File == theTarget; });
-    const Text reason = loss == losses.rend() ? "" : loss->Reason;
-    if (reason == NameTooLong()) {
+    const Text target = rehearsal->RealPath(Files::ToHost(theCopy.Target));
+    if (theCopy.Reason == NameTooLong()) {
         ++longNames;
-        longestName = std::max(longestName, nameOf(theTarget).size());
-    } else if (const Text dir = rehearsal->ClosedDirectoryOf(rehearsal->RealPath(Files::ToHost(theTarget)));
-               !dir.empty())
-        findings.Add(
-            {false, dir, 0, "you may not write in this directory, so files of the new site are missing there"});
-    else if (!Contains(nameOf(theSource), "."))
-        Add(false, theSource, "this file can't be copied, since its name has no dot");
+        longestName = std::max(longestName, nameOf(theCopy.Target).size());
+    } else if (const Text dir = rehearsal->ClosedDirectoryOf(target); !dir.empty())
+        findings.Add({false, dir, 0, closedDirectory});
+    else if (!Contains(nameOf(theCopy.Source), "."))
+        Add(false, theCopy.Source, "this file can't be copied, since its name has no dot");
     else
-        Add(false, theSource, "this file can't be copied" + (reason.empty() ? reason : ": " + reason));
+        Add(false, theCopy.Source, "this file can't be copied" + (theCopy.Reason.empty() ? "" : ": " + theCopy.Reason));
 }
 
 int CheckPlayer::MsgBox(const Text &thePrompt, int theFlags, const Text &theTitle)
 {
-    static const Text head = Text("Unable to copy file:") + CRLF, middle = Text(CRLF) + "to file:" + CRLF;
-    if (const std::size_t cut = thePrompt.find(middle); thePrompt.starts_with(head) && cut != Text::npos) {
-        const std::size_t target = cut + middle.size();
-        NoteUncopied(thePrompt.substr(head.size(), cut - head.size()),
-            thePrompt.substr(target, thePrompt.find('\r', target) - target));
-    }
+    if (const auto copy = ReadFailedCopy(thePrompt))
+        NoteUncopied(*copy);
     return Player::MsgBox(thePrompt, theFlags, theTitle);
 }
 

@@ -1,5 +1,6 @@
 // The player of the command "check": it rehearses a run, and notes what would go wrong in it.
 #pragma once
+#include "player/Explain.h"
 #include "player/Findings.h"
 #include "player/Player.h"
 #include "player/Progress.h"
@@ -30,7 +31,7 @@ private:
     void Add(bool isError, const Text &theFile, const Text &theWhat);
     void Add(Finding theFinding);
     void EndPage(const RuntimeFailure &theFailure);
-    void NoteUncopied(const Text &theSource, const Text &theTarget);
+    void NoteUncopied(const FailedCopy &theCopy);
     void LookAtLink();
     void LookAtDirectory();
     void LookAtNewSite();

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <unordered_map>
 
 Text NameTooLong()
 {
@@ -74,6 +75,25 @@ Text ExplainMissingReport(const Text &theLastBox)
     if (!losses.empty())
         return Files::ToHost(losses.back().File) + ": " + losses.back().Reason;
     return frmProcess::Me.Loaded ? "the run did not come to its end" : "the wizard did not come to its last screen";
+}
+
+std::optional<FailedCopy> ReadFailedCopy(const Text &theBox)
+{
+    static const Text head = Text("Unable to copy file:") + CRLF, middle = Text(CRLF) + "to file:" + CRLF;
+    const std::size_t cut = theBox.find(middle), target = cut + middle.size();
+    if (!theBox.starts_with(head) || cut == Text::npos)
+        return {};
+    FailedCopy Result{
+        theBox.substr(head.size(), cut - head.size()), theBox.substr(target, theBox.find('\r', target) - target), {}};
+    // There may be as many losses as messages, and each is asked for: they are looked at once.
+    static std::unordered_map<Text, Text> reasons;
+    static std::size_t looked = 0;
+    for (const std::vector<Losses::Loss> &losses = Losses::All(); looked < losses.size(); ++looked)
+        reasons.insert_or_assign(losses[looked].File, losses[looked].Reason);
+    for (const Text &file : {Result.Source, Result.Target})
+        if (const auto found = reasons.find(file); found != reasons.end())
+            Result.Reason = found->second;
+    return Result;
 }
 
 Text OnOneLine(const Text &theText)

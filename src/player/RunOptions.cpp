@@ -141,13 +141,14 @@ static void LoadProject(RunOptions &theOptions)
 {
     const Text number = PadNumberLeft(static_cast<std::int32_t>(WholeNumber("--project", theOptions.Project, 9999)), 4);
     theOptions.Project = number;
-    for (int i = 1; i <= NumberAtStart(number); ++i)
-        if (const Text one = PadNumberLeft(i, 4); !Files::IsDirectory(InProgramDir(one + "_store")))
-            throw OptionError{one == number ? "there is no project " + number
-                                            : "the wizard can't load project " + number + ", since project " + one +
-                                                  " is missing and its list ends there"};
     if (number == "0000")
         throw OptionError{"the first project has the number 0001"};
+    if (!Files::IsDirectory(InProgramDir(number + "_store")))
+        throw OptionError{"there is no project " + number};
+    for (int i = 1; i < NumberAtStart(number); ++i)
+        if (const Text one = PadNumberLeft(i, 4); !Files::IsDirectory(InProgramDir(one + "_store")))
+            throw OptionError{"the wizard can't load project " + number + ", since project " + one +
+                              " is missing and its list ends there"};
     theOptions.Name = SavedIn(number, number + ".name");
     theOptions.Domain = SavedIn(number, number + ".dom");
     if (const Text dir = SavedIn(number, number + ".dir"); !dir.empty())
@@ -182,7 +183,7 @@ Text WhyNotWritable(const RunOptions &theOptions)
         if (!name.empty() && Io::RealPath(path) != (real == "/" ? "" : real) + '/' + name)
             return path + " is in the way: it is a link, and the wizard writes only in directories of its own";
         if (!Host::CanWriteIn(path))
-            return "you may not write in the directory " + path;
+            return "you may not write in the directory " + Host::FullPath(path);
     }
     return {};
 }

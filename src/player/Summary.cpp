@@ -124,8 +124,11 @@ Text Summary::AsJson() const
 Text Complaints(const Summary &theSummary)
 {
     Text Result;
-    for (const auto &[text, count] : theSummary.Boxes)
-        Result += "message: " + OnOneLine(text) + (count > 1 ? " (" + Grouped(count) + " times)" : "") + '\n';
+    for (const auto &[text, count] : theSummary.Boxes) {
+        const auto copy = ReadFailedCopy(text);
+        Result += "message: " + OnOneLine(text) + (copy && !copy->Reason.empty() ? ": " + copy->Reason : "") +
+                  (count > 1 ? " (" + Grouped(count) + " times)" : "") + '\n';
+    }
     for (const Losses::Loss &loss : theSummary.Lost)
         Result += "lost: " + Files::ToHost(loss.File) + ": " + loss.Reason +
                   (loss.Times > 1 ? " (" + Grouped(loss.Times) + " times)" : "") + '\n';
