@@ -101,6 +101,12 @@ def test_script(place):
     new = set(files_of(place.program / "0001")) - set(made) - added
     expect(done.returncode == 0 and {one.rsplit(".", 1)[0].split("-", 1)[1] for one in new} == {"bracken", "heath", "x"},
            "a saved project takes other keywords", done, new)
+    # A store that was left behind gives its keywords to no new project of its number.
+    shutil.rmtree(place.program / "0001")
+    place.words.write_text("alder\nbirch\nelder")
+    done, said = place.command("expand", "--per-name", "1")
+    new = {one.rsplit(".", 1)[0].split("-", 1)[1] for one in files_of(place.program / "0001") if re.search(r"\b\d{6}-", one)}
+    expect(said["project"] == "0001" and new == {"alder", "birch", "elder"}, done, new)
 
 
 def test_findings(place):
