@@ -93,8 +93,8 @@ void Player::PlayLines()
         // Moves on before the action is done: its handler may yield, and then the following lines are played.
         const Action &action = script[next++];
         const Outcome outcome = Do(action);
-        // When the program fails in the midst of an action, its failure is what counts.
-        if (outcome.Code != 0 && !(hasEnded && code != 0))
+        // After a failure in its handler no action can be done any more; the failure is what is told.
+        if (outcome.Code != 0 && code == 0)
             StopAt(action, outcome);
     }
 }

@@ -32,8 +32,11 @@ Text Arguments::Next()
 
 Text Arguments::ValueOf(const Text &theOption)
 {
-    if (value)
-        return *std::exchange(value, std::nullopt);
+    if (value) {
+        Text Result = std::move(*value);
+        value.reset();
+        return Result;
+    }
     if (AreAtEnd() || words[at].empty() || words[at].starts_with("--"))
         throw OptionError{theOption + " needs a value behind it"};
     return words[at++];

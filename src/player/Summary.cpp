@@ -94,6 +94,7 @@ Text Summary::AsJson() const
     using Json::String;
     const auto links = [](const std::vector<LinkRecord> &theRecords) {
         std::vector<Text> rows;
+        rows.reserve(theRecords.size());
         for (const LinkRecord &one : theRecords)
             rows.push_back(Json::Object(
                 {{"page", String(one.Page)}, {"link", String(GetLinkFromTag(one.Tag))}, {"tag", String(one.Tag)}}));
