@@ -7,6 +7,8 @@ from pathlib import Path
 player, data = sys.argv[1], Path(sys.argv[2])
 rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 25
 first = int(sys.argv[4]) if len(sys.argv) > 4 else 1
+share = data / "share"
+manual = (share / "man/man1/ferncastle-play.1").read_text().replace("\\-", "-")
 counts = ["pages_found", "pages_processed", "pages_added", "keywords_added", "media_files", "links_internal",
           "links_external", "links_broken", "links_media"]
 
@@ -62,7 +64,10 @@ class Place:
 
     def command(self, name, *more):
         done = play(name, *self.options(), "--json", self.json, *more, user=self.user)
-        return done, json.loads(self.json.read_text())
+        said = json.loads(self.json.read_text())
+        for field in list(said) + [one for row in said.values() if isinstance(row, list) and row for one in row[0]]:
+            expect(re.search(rf"\b{field}\b", manual[manual.index("Fields of"):]), field, "is not in the manual page")
+        return done, said
 
 
 def test_options(place):
@@ -119,6 +124,18 @@ def test_findings(place):
     expect(done.returncode == 1 and errors == ["a.htm", "b.htm"], said["findings"])
 
 
+def test_keywords(place):
+    place.site.mkdir()
+    place.words.write_text("fern\na:b\n50%\nc%20d\nx#\nFern\nmoss garden")
+    _, said = place.command("check")
+    found = [(one["line"], re.search("already|file names|servers|digits|only up to", one["text"]).group())
+             for one in said["findings"] if one["file"] == str(place.words)]
+    expect(found == [(2, "file names"), (3, "servers"), (4, "digits"), (5, "only up to"), (6, "already")], said["findings"])
+    place.words.write_text("fern\nFERN")
+    check, said = place.command("check")
+    expect(check.returncode == 1 and "keyword" in said["findings"][0]["text"], check)
+
+
 def test_no_report(place):
     """A run that could not make its report says so as a failure, in words about the user's files."""
     shutil.copytree(data / "sample", place.site)
@@ -151,9 +168,7 @@ def test_progress(place):
 
 
 def test_help(place):
-    """The help pages, the manual page and the completions name the same options, and the manual page every field."""
-    share = data / "share"
-    manual = (share / "man/man1/ferncastle-play.1").read_text().replace("\\-", "-")
+    """The help pages, the manual page and the completions name the same commands and options."""
     shells = [share / "bash-completion/completions/ferncastle-play", share / "zsh/site-functions/_ferncastle-play"]
     pages = {name: play(*name.split(), "--help").stdout for name in ("expand", "check", "")}
     for name, page in pages.items():
@@ -164,10 +179,7 @@ def test_help(place):
             f'COMP_CWORD={len(name.split()) + 1}; _ferncastle_play; echo "${{COMPREPLY[@]}}"'],
             capture_output=True, text=True).stdout.split()
         expect(words and set(words) <= options and (name == "" or set(words) == options), name, words, options)
-    for name in "expand", "check":
-        _, said = place.command(name)
-        for field in list(said) + [one for row in said.values() if isinstance(row, list) and row for one in row[0]]:
-            expect(re.search(rf"\b{field}\b", manual[manual.index("Fields of"):]), name, field)
+        expect(set(re.findall(r"ferncastle-play ([a-z]+)", page)) <= {"expand", "check"}, name)
 
 
 def generate(site, seed):
@@ -282,10 +294,9 @@ with tempfile.TemporaryDirectory() as one:
     sample = Place(Path(one))
     for test in test_options, test_script, test_progress, test_help:
         test(sample)
-with tempfile.TemporaryDirectory() as one:
-    test_findings(Place(Path(one)))
-with tempfile.TemporaryDirectory() as one:
-    test_no_report(Place(Path(one)))
+for test in test_findings, test_keywords, test_no_report:
+    with tempfile.TemporaryDirectory() as one:
+        test(Place(Path(one)))
 ends = []
 for number in range(first, first + rounds):
     with tempfile.TemporaryDirectory() as one:

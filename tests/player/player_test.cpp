@@ -3,6 +3,7 @@
 #include "core/frmLists.h"
 #include "disk/Claim.h"
 #include "player/GivenVars.h"
+#include "player/Json.h"
 #include "player/PageReader.h"
 #include "player/Player.h"
 #include <csignal>
@@ -125,4 +126,18 @@ TEST_F(Playing, AnotherProcessInTheSameDirectory)
     fs::permissions(program, fs::perms::owner_all);
     EXPECT_ALL(Play("") == 0, Said(line)) << OnDisk("log");
     EXPECT_ALL(Io::Claim(program.string() + "/nowhere"));
+}
+
+// A text that is not wholly UTF-8 is taken for Latin-1.
+TEST(Writing, JsonHoldsAnyBytes)
+{
+    for (const auto &[text, json] : Pairs{{"a\"\\/\x01\x7F", R"("a\"\\/\u0001\u007f")"}, {"\xC3\xA9", "\"\xC3\xA9\""},
+             {"\xE9!", "\"\xC3\xA9!\""}, {"", "\"\""}})
+        EXPECT_EQ(Json::String(text), json);
+    for (const char *valid : {"\xC2\x80", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEF\xBF\xBF", "\xF0\x90\x80\x80",
+             "\xF4\x8F\xBF\xBF", "\xE2\x82\xAC\xC3\xA9"})
+        EXPECT_EQ(Json::String(valid), '"' + Text(valid) + '"');
+    for (const char *wrong : {"\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80",
+             "\xF5\x80\x80\x80", "\xE2\x82", "\xE2\x82!", "\xC3\xA9\x80", "\xF0\x90\x80!"})
+        EXPECT_EQ(Json::String(wrong).size(), 2 * Text(wrong).size() + (Text(wrong).ends_with("!") ? 1 : 2)) << wrong;
 }
