@@ -99,8 +99,10 @@ bool CheckPlace(const RunOptions &theOptions, Findings &theFindings)
 {
     const Text site = Closed(theOptions.Site), program = Closed(Paths::ProgramHostDir());
     const bool holdsIt = program.starts_with(site);
+    const Text newSite = Paths::ProgramHostDir() + '/' + theOptions.Project;
+    // A user may have removed the new site to get one without the pages of earlier runs.
     const bool isInIt =
-        !theOptions.Project.empty() && site.starts_with(Closed(Paths::ProgramHostDir() + '/' + theOptions.Project));
+        !theOptions.Project.empty() && Io::KindOf(newSite) == Io::Kind::Directory && site.starts_with(Closed(newSite));
     if (holdsIt)
         theFindings.Add({true, theOptions.Site, 0,
             "the site holds the program directory " + Paths::ProgramHostDir() + ", and so its own new site"});

@@ -229,7 +229,7 @@ def change(place, rnd):
         place.close(folders[0])
     if rnd.random() < 0.2:
         shutil.move(new, place.site.parent)
-        return []
+        return rnd.choice([[], ["--project", "1"]])
     return ["--project", rnd.choice(["1", "0001"])] + rnd.choice([[], ["--seed", "6"], ["--per-name", "1"]])
 
 
