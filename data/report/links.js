@@ -71,7 +71,10 @@
     var byName = new Map();
     links.forEach(function (link) {
       var key = link.target.toLowerCase().replace(/^www\./, ''), group = byName.get(key), item;
-      if (!group) byName.set(key, group = {name: link.target, links: [], items: [], byPage: new Map()});
+      if (!group) {
+        group = {name: link.target || '(an empty link)', links: [], items: [], byPage: new Map()};
+        byName.set(key, group);
+      }
       group.links.push(link);
       item = group.byPage.get(link.page);
       if (!item) {
