@@ -247,6 +247,9 @@ RunOptions ReadRunOptions(const Text &theCommand, Arguments &theArguments)
     if (Result.WantsHelp)
         return Result;
     RequireProgramDir();
+    // The wizard doesn't start without this file.
+    if (!ifFileExists(InProgramDir("variables.sav")))
+        throw OptionError{Paths::ProgramHostDir() + " is no program directory: it holds no variables.sav"};
     if (!Result.Project.empty())
         LoadProject(Result);
     TakeNumber(Result);

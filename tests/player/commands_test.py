@@ -74,7 +74,8 @@ def test_options(place):
     shutil.copytree(data / "sample", place.site)
     wrong = [["--wrong"], ["--per-name", "x"], ["--per-name", "5"], ["--site", place.site / "none"], ["--name"],
              ["--keywords", "/nowhere"], ["--domain", "two words"], ["--project", "1"], ["--name", "a  # b"],
-             ["--json", "/nowhere/x.json"], ["--json", place.site], ["--quiet=yes"], ["--program-dir", "/nowhere"]]
+             ["--json", "/nowhere/x.json"], ["--json", place.site], ["--quiet=yes"], ["--program-dir", "/nowhere"],
+             ["--program-dir", place.site]]
     for more in wrong:
         done = play("expand", *place.options(), *more)
         expect(done.returncode == 2 and done.stdout == "" and done.stderr.count("\n") == 1, more, done)
