@@ -75,10 +75,10 @@ void CheckKeywords(const RunOptions &theOptions, Findings &theFindings)
         // The program writes a name into a link as it is.
         if (theOptions.UsesQuillmark)
             continue;
-        if (word.find('#') != Text::npos)
+        if (const std::size_t at = word.find_first_of("#?"); at != Text::npos)
             theFindings.Add({false, file, line,
-                Text("the keyword \"") + word +
-                    "\" holds #: a browser reads a link only up to there, so no link to such a page works"});
+                Text("the keyword \"") + word + "\" holds " + word[at] +
+                    ": a browser reads a link only up to there, so no link to such a page works"});
         if (word.find('%') != Text::npos)
             theFindings.Add({false, file, line,
                 Text("the keyword \"") + word +
