@@ -22,9 +22,19 @@ Text Finding::AsLine() const
     return Result;
 }
 
+// Whether the error tells all that the warning tells. What ends a run may have been noted as a failed operation too.
+static bool Covers(const Finding &theError, const Finding &theWarning)
+{
+    return theError.IsError && !theWarning.IsError && theError.File == theWarning.File &&
+           theError.Line == theWarning.Line && theError.What.ends_with(theWarning.What);
+}
+
 void Findings::Add(const Finding &theFinding)
 {
-    if (known.insert(theFinding.AsLine()).second)
+    if (!known.insert(theFinding.AsLine()).second)
+        return;
+    std::erase_if(all, [&](const Finding &one) { return Covers(theFinding, one); });
+    if (std::none_of(all.begin(), all.end(), [&](const Finding &one) { return Covers(one, theFinding); }))
         all.push_back(theFinding);
 }
 

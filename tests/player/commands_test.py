@@ -252,6 +252,9 @@ def compare(place, seed, more):
     expect((files_of(place.program), files_of(place.site)) == before, "check leaves traces")
     errors = [one for one in said["findings"] if one["severity"] == "error"]
     expect(check.returncode == (1 if errors else 0), check)
+    twice = [one for one in said["findings"] for two in errors
+             if one is not two and one["file"] == two["file"] and two["text"].endswith(one["text"])]
+    expect(not twice, twice, check)
     place.json.unlink()
     there = stamps_of(place.program / "0001")
     run = play("expand", *place.options(), "--json", place.json, *more, user=place.user)
