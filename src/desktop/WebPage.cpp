@@ -16,16 +16,18 @@ static constexpr int messagesBeforeStop = 2;
 static constexpr int longestMessage = 1000;
 
 // Runs in each page and frame before its own scripts. It removes calls between browsers, which WebRequests cannot
-// refuse, also from new frames, in which no such script has run yet; only a frame in a shadow tree still has them for a
-// moment. It also empties the name of a window whose page comes from the web, since the page before may have written
-// into it.
+// refuse, also from new frames, in which no such script has run yet. A page that means to can still get hold of them
+// for a moment: in a frame in a shadow tree, in one written with document.write, or after document.open, which removes
+// the listener. They then connect by TCP only. It also empties the name of a window whose page comes from the web,
+// since the page before may have written into it.
 static const char *const beforeScripts = R"((() => {
     const guard = one => {
         try {
             delete one.RTCPeerConnection;
             delete one.webkitRTCPeerConnection;
             apply(listen, one, ['DOMNodeInserted', guardAll, true]);
-            for (let i = 0; i < one.length; ++i)
+            // Not up to "length", which a page may set.
+            for (let i = 0; one[i]; ++i)
                 guard(one[i]);
         } catch { }
     };
