@@ -18,7 +18,8 @@ struct PathHash {
 // Directories by the very text that asked for them.
 std::unordered_map<Text, Dir *, PathHash, std::equal_to<>> places;
 unsigned drivesOfPlaces = 0;  // Paths::DriveChanges when they were found
-std::unique_ptr<Dir> hostRoot;
+// The host's roots by their paths: one with an empty path, or one for each drive.
+std::unordered_map<Text, std::unique_ptr<Dir>> roots;
 int recheckInterval = 20;  // milliseconds
 unsigned draftRound = 1;
 
@@ -38,17 +39,19 @@ void ForgetPlaces()
     places.clear();
 }
 
-// All drives share one tree, which starts at the host's root, so that a directory that two drives lead to is kept once.
+// All drives share the host's trees, so that a directory that two drives lead to is kept once.
 Dir *FindRoot(char theLetter)
 {
     const Text path = Paths::DriveRoot(theLetter);
     if (path.empty())
         return nullptr;
-    if (!hostRoot)
-        hostRoot = std::make_unique<Dir>("", nullptr, false);
-    hostRoot->Recheck();
-    Dir *dir = hostRoot.get();
-    for (std::size_t at = 1; dir && at < path.size();) {
+    const std::size_t first = path.find('/');
+    std::unique_ptr<Dir> &root = roots[path.substr(0, first)];
+    if (!root)
+        root = std::make_unique<Dir>(path.substr(0, first), nullptr, false);
+    root->Recheck();
+    Dir *dir = root->IsGone() ? nullptr : root.get();
+    for (std::size_t at = first + 1; dir && at < path.size();) {
         const std::size_t end = std::min(path.find('/', at), path.size());
         dir = dir->Enter(path.substr(at, end - at));
         at = end + 1;
@@ -100,7 +103,7 @@ void Dir::Recheck()
     if (isTrusted && IsRecent(lastLook))
         return;
     lastLook = Milliseconds();
-    const auto [changed, id] = Io::LookAt(HostPath.empty() ? "/" : HostPath);
+    const auto [changed, id] = Io::LookAt(HostPath + (Parent ? "" : "/"));
     // Another directory, or a link, that has taken this one's place is not this one.
     isGone = changed < 0 || (identity != Io::Identity() && id != identity);
     identity = id;
@@ -137,7 +140,7 @@ void Dir::ReadAnew()
     std::vector<Io::Listed> listed;
     readFailure.clear();
     try {
-        Io::ReadDirectory(HostPath.empty() ? "/" : HostPath, listed);
+        Io::ReadDirectory(HostPath + (Parent ? "" : "/"), listed);
     } catch (const RuntimeFailure &failure) {
         readFailure = failure.What;
     }
@@ -158,14 +161,17 @@ void Dir::ReadAnew()
     for (const Io::Listed &one : listed) {
         const auto same = entries.equal_range(std::string_view(one.Name));
         const auto known = std::find_if(same.first, same.second, [&](const auto &e) { return e->Name == one.Name; });
-        if (known != same.second && (*known)->What == one.What && (*known)->IsLink == one.IsLink)
+        if (known != same.second && (*known)->What == one.What && (*known)->IsLink == one.IsLink) {
+            (*known)->IsHidden = one.IsHidden || one.Name.starts_with('.');
             continue;
+        }
         areDirectoriesChanged |= one.What == Io::Kind::Directory;
         if (known != same.second) {
             areDirectoriesChanged |= (*known)->What == Io::Kind::Directory;
             entries.erase(known);
         }
-        entries.insert(std::make_unique<Entry>(Entry{one.Name, one.What, one.IsLink, IsLinkToAncestor(one)}));
+        entries.insert(std::make_unique<Entry>(
+            Entry{one.Name, one.What, one.IsLink, one.IsHidden || one.Name.starts_with('.'), IsLinkToAncestor(one)}));
     }
     if (areDirectoriesChanged)
         ForgetPlaces();
@@ -213,7 +219,7 @@ Entry &Dir::Add(std::string_view theName, Io::Kind theKind)
 {
     ForgetListings();
     NoteOwnChange();
-    return **entries.insert(std::make_unique<Entry>(Entry{Text(theName), theKind, false}));
+    return **entries.insert(std::make_unique<Entry>(Entry{Text(theName), theKind, false, theName.starts_with('.')}));
 }
 
 void Dir::AddDraft(std::string_view theName)
@@ -249,7 +255,7 @@ Names Dir::Listing(Io::Kind theKind)
         std::vector<Text> names;
         for (const auto &entry : entries)
             // In a directory that can't be read, the entries are only the names that were asked for.
-            if (isReadable && entry->What == theKind && !entry->IsLoop && entry->Name[0] != '.' &&
+            if (isReadable && entry->What == theKind && !entry->IsLoop && !entry->IsHidden &&
                 entry->Name.find('\\') == Text::npos)
                 names.push_back(entry->Name);
         std::sort(names.begin(), names.end(), [](const Text &a, const Text &b) {

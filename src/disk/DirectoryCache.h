@@ -15,6 +15,7 @@ struct Entry {
     Text Name;
     Io::Kind What;
     bool IsLink;
+    bool IsHidden = false;
     bool IsLoop = false;            // a link to one of the directories above it
     std::unique_ptr<Dir> Sub = {};  // made when the directory is first entered
 };
@@ -42,8 +43,8 @@ public:
     {
     }
 
-    const Text HostPath;  // without a final slash; empty for the host's root
-    Dir *const Parent;    // null for the host's root
+    const Text HostPath;  // without a final slash; empty for the host's root, C: for that of a drive
+    Dir *const Parent;    // null for such a root
     const bool IsLink;    // it was reached by a symbolic link in Parent
 
     // The host's path of a name in it.

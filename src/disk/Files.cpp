@@ -202,7 +202,7 @@ Text ToHost(const Text &thePath)
         return dir->PathOf(entry ? std::string_view(entry->Name) : name);
     }
     const Text parent = ToHost(path.substr(0, path.size() - name.size()));
-    return parent.empty() ? parent : parent + '/' + Text(name);
+    return parent.empty() ? parent : parent + (parent.ends_with('/') ? "" : "/") + Text(name);
 }
 
 bool IsReallyInside(const Text &thePath, const Text &theDir)
@@ -216,8 +216,8 @@ bool IsFile(const Text &thePath)
     Dir *const dir = FindParent(thePath, name);
     if (!dir || name.empty())
         return false;
-    if (dir->Find(name, Io::Kind::File))
-        return name[0] != '.';
+    if (const Entry *entry = dir->Find(name, Io::Kind::File))
+        return !entry->IsHidden;
     if (name.find_first_of("*?") == std::string_view::npos)
         return false;
     const Names names = dir->Listing(Io::Kind::File);

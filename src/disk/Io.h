@@ -1,6 +1,7 @@
-// The calls that differ from one operating system to the next. For Linux and macOS, Io_posix.cpp has those for names
-// and directories, and IoContent_posix.cpp those that read and write files. Paths are the host's own here. Everything
-// that fails throws a RuntimeFailure that names the path.
+// The calls that differ from one operating system to the next. Io_posix.cpp, for Linux and macOS, and Io_windows.cpp
+// have those for names and directories, IoContent_posix.cpp and IoContent_windows.cpp those that read and write files.
+// Paths are the host's own here, with "/" between their elements: /dir/file, on Windows C:/dir/file. Everything that
+// fails throws a RuntimeFailure that names the path.
 #pragma once
 #include "base/Text.h"
 #include <functional>
@@ -16,6 +17,7 @@ struct Listed {
     Text Name;
     Kind What;
     bool IsLink;
+    bool IsHidden = false;  // by an attribute that the file system has for that
 };
 
 // What a path is, links followed.
@@ -65,6 +67,6 @@ bool EndsInLineFeed(const Text &theFile);
 std::int64_t FreeSpace(const Text &theDir);
 // The directory of the running program.
 Text ProgramDirectory();
-// The host's drives: a letter each and the directory that it stands for.
+// The host's drives: a letter each, ascending, and the directory that it stands for, without a final slash.
 std::vector<std::pair<char, Text>> Drives();
 }  // namespace Io

@@ -22,8 +22,7 @@ namespace Losses
 {
 void Note(const RuntimeFailure &theFailure)
 {
-    const bool isHostPath = theFailure.Where.starts_with('/');
-    const Text file = isHostPath ? Paths::FromHost(theFailure.Where) : theFailure.Where;
+    const Text file = Paths::IsHostPath(theFailure.Where) ? Paths::FromHost(theFailure.Where) : theFailure.Where;
     const auto [known, isNew] = places.try_emplace(file + '\n' + theFailure.What, losses.size());
     if (!isNew) {
         ++losses[known->second].Times;
@@ -37,7 +36,7 @@ void MarkTold(const Text &theWords)
 {
     if (untold == 0)
         return;
-    const Text words = theWords.starts_with('/') ? Paths::FromHost(theWords) : theWords;
+    const Text words = Paths::IsHostPath(theWords) ? Paths::FromHost(theWords) : theWords;
     for (Loss &loss : losses)
         if (!loss.IsTold && AreAbout(words, loss.File)) {
             loss.IsTold = true;

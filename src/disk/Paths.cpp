@@ -9,6 +9,11 @@ std::map<char, Text> drives;
 unsigned driveChanges = 0;
 Text programDir, programHostDir;
 
+Text WithoutSlash(const Text &theDir)
+{
+    return theDir.ends_with('/') ? theDir.substr(0, theDir.size() - 1) : theDir;
+}
+
 std::map<char, Text> &TheDrives()
 {
     if (drives.empty())
@@ -22,7 +27,7 @@ namespace Paths
 {
 void MapDrive(char theLetter, const Text &theHostDir)
 {
-    TheDrives()[LowerChar(theLetter)] = theHostDir == "/" ? "" : theHostDir;
+    TheDrives()[LowerChar(theLetter)] = WithoutSlash(theHostDir);
     ++driveChanges;
 }
 
@@ -37,7 +42,10 @@ std::vector<Text> Drives()
 Text DriveRoot(char theLetter)
 {
     const auto found = TheDrives().find(LowerChar(theLetter));
-    return found == TheDrives().end() ? "" : found->second.empty() ? "/" : found->second;
+    if (found == TheDrives().end())
+        return {};
+    const bool isRoot = found->second.find('/') == Text::npos;
+    return isRoot ? found->second + '/' : found->second;
 }
 
 unsigned DriveChanges()
@@ -60,15 +68,31 @@ const Text &ProgramHostDir()
 
 void SetProgramDir(const Text &theHostDir)
 {
-    programHostDir = theHostDir == "/" ? "" : theHostDir;
+    programHostDir = WithoutSlash(theHostDir);
     programDir = FromHost(theHostDir);
+}
+
+// The first drive whose root holds a full path of the host. Where c: holds all, it is always c:, since further drives
+// may have other letters tomorrow. Null when none does.
+static const std::pair<const char, Text> *DriveThatHolds(const Text &theHostPath)
+{
+    for (const auto &drive : TheDrives())
+        if (const std::size_t end = drive.second.size();
+            theHostPath.size() > end && theHostPath[end] == '/' &&
+            CompareIgnoringCase(theHostPath.substr(0, end), drive.second) == 0)
+            return &drive;
+    return nullptr;
+}
+
+bool IsHostPath(const Text &thePath)
+{
+    return DriveThatHolds(thePath) != nullptr;
 }
 
 Text FromHost(const Text &theHostPath)
 {
-    // Always as a path of c:, since further drives may have other letters tomorrow.
-    const Text &root = TheDrives()['c'];
-    Text Result = "c:" + (theHostPath.starts_with(root + '/') ? theHostPath.substr(root.size()) : theHostPath);
+    const auto *drive = DriveThatHolds(theHostPath);
+    Text Result = drive ? Text{drive->first, ':'} + theHostPath.substr(drive->second.size()) : "c:" + theHostPath;
     std::replace(Result.begin() + 2, Result.end(), '/', '\\');
     while (Result.size() > 3 && Result.back() == '\\')
         Result.pop_back();

@@ -21,13 +21,15 @@ unsigned DriveChanges();
 
 // The directory of the running program, in the program's form and without a final backslash.
 const Text &ProgramDir();
-// The same as a directory of the host; empty for the host's root.
+// The same as a directory of the host; without a final slash, thus empty for the host's root.
 const Text &ProgramHostDir();
 // Sets it, as a full path of the host.
 void SetProgramDir(const Text &theHostDir);
 
 // A full path of the host in the program's form.
 Text FromHost(const Text &theHostPath);
+// Whether thePath is a full path of the host.
+bool IsHostPath(const Text &thePath);
 // thePath without "." and "..", with single backslashes and without a final one.
 Text Normalize(const Text &thePath);
 // Whether thePath is theDir or lies below it, compared as text once both are normalized.

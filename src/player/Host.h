@@ -1,11 +1,13 @@
 // What the player asks of the host beside the program's own files: terminals, temporary directories, directory trees.
-// All paths are the host's.
+// All paths are the host's, in the form of disk/Io.h. Host_posix.cpp is for Linux and macOS.
 #pragma once
 #include "base/Text.h"
 #include <vector>
 
 namespace Host
 {
+// The words of the command line behind the program's name, in UTF-8. Called first.
+std::vector<Text> WordsOf(int theCount, char **theWords);
 // A full path without "." and "..", and without a final slash.
 Text FullPath(const Text &thePath);
 // The directory of a full path.
@@ -16,7 +18,8 @@ bool CanWriteIn(const Text &theDir);
 // out whether that can be done, and leaves nothing behind. Both fail with a run-time failure.
 void WriteFile(const Text &theFile, const Text &theContent);
 void TryFile(const Text &theFile);
-// Makes theLink a symbolic link to theTarget; fails with a run-time failure.
+// Makes theLink stand for theTarget, a file or a directory: by a link, or by a copy where there are no links. Fails
+// with a run-time failure.
 void MakeLink(const Text &theTarget, const Text &theLink);
 // How many bytes the names in a directory, and whole paths, may have.
 std::size_t LongestName(const Text &theDir);

@@ -10,7 +10,7 @@
 // Why the run doesn't come to theName; empty when it does.
 static Text WhyLeftOut(const Io::Listed &theName, const Text &theHostPath, const std::vector<Text> &theDirectories)
 {
-    if (theName.Name.starts_with('.'))
+    if (theName.IsHidden || theName.Name.starts_with('.'))
         return "hidden";
     if (theName.Name.find('\\') != Text::npos)
         return "its name holds a backslash";

@@ -44,7 +44,7 @@ void Player::PlayAll(Form &theFirstForm)
         PlayLines();
         if (hasEnded || next == script.size())
             break;
-        const long start = clock.Now();
+        const std::int64_t start = clock.Now();
         while (!hasEnded && next < script.size() && IsHeldBack(script[next]))
             if (!clock.AdvanceToNextTimer() || clock.Now() - start > patience)
                 StopAt(script[next], {endScript, "this never happens: the program is waiting for the user"});

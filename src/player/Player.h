@@ -56,7 +56,7 @@ private:
 
     const std::vector<Action> script;
     std::size_t next = 0;
-    long yields = 0;
+    std::int64_t yields = 0;
     long idleWaits = 0;                // successive waits during which no line was played
     const Form *awaited = nullptr;     // the screen that the current "wait" waits for
     const Element *focused = nullptr;  // the control to which the program gave the focus last

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-static constexpr long never = std::numeric_limits<long>::max();
+static constexpr std::int64_t never = std::numeric_limits<std::int64_t>::max();
 
 void PlayerClock::Restart(Timer &theTimer)
 {
@@ -25,7 +25,7 @@ void PlayerClock::FindTimers()
             due.erase(timer);
             continue;
         }
-        const long when = due.try_emplace(timer, now + timer->Now.Interval).first->second;
+        const std::int64_t when = due.try_emplace(timer, now + timer->Now.Interval).first->second;
         if (!timer->Running)
             nextDue = std::min(nextDue, when);
     }

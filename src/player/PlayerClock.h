@@ -9,7 +9,7 @@ class PlayerClock
 {
 public:
     // The simulated time in milliseconds.
-    long Now() const { return now; }
+    std::int64_t Now() const { return now; }
     // A screen was loaded or closed: other timers may be running than before.
     void ScreensChanged() { timersChanged = true; }
     // A timer was set: its interval starts anew.
@@ -23,9 +23,9 @@ private:
     void FindTimers();
     void TickDueTimers();
 
-    long now = 0;
-    long nextDue = 0;  // no timer is due before this time
+    std::int64_t now = 0;
+    std::int64_t nextDue = 0;  // no timer is due before this time
     bool timersChanged = true;
     std::vector<std::pair<const Form *, Timer *>> timers;  // all that there are
-    std::map<Timer *, long> due;
+    std::map<Timer *, std::int64_t> due;
 };

@@ -17,7 +17,7 @@
 #include <iostream>
 #include <utility>
 
-static std::optional<long> seed;
+static std::optional<std::int64_t> seed;
 
 Text Arguments::Next()
 {
@@ -48,7 +48,7 @@ void Arguments::RefuseValue(const Text &theOption) const
         throw OptionError{theOption + " takes no value"};
 }
 
-long WholeNumber(const Text &theOption, const Text &theText, long theMost)
+std::int64_t WholeNumber(const Text &theOption, const Text &theText, std::int64_t theMost)
 {
     const bool isNumber =
         !theText.empty() && theText.size() < 16 && theText.find_first_not_of("0123456789") == Text::npos;
@@ -56,7 +56,7 @@ long WholeNumber(const Text &theOption, const Text &theText, long theMost)
     if (!isNumber || number > static_cast<double>(theMost))
         throw OptionError{
             theOption + " needs a whole number from 0 to " + std::to_string(theMost) + ", not " + theText};
-    return static_cast<long>(number);
+    return static_cast<std::int64_t>(number);
 }
 
 bool TakeCommonOption(const Text &theOption, Arguments &theArguments)
@@ -71,7 +71,7 @@ bool TakeCommonOption(const Text &theOption, Arguments &theArguments)
     return true;
 }
 
-std::optional<long> GivenSeed()
+std::optional<std::int64_t> GivenSeed()
 {
     return seed;
 }
@@ -267,7 +267,7 @@ RunOptions ReadRunOptions(const Text &theCommand, Arguments &theArguments)
         Result.KeywordRows = KeywordsOf(ReadKeywords(Result.Keywords));
     }
     if (!perName.empty())
-        Result.PerName = WholeNumber("--per-name", perName, 99);
+        Result.PerName = static_cast<long>(WholeNumber("--per-name", perName, 99));
     Result.UsesQuillmark = quillmark.value_or(!Result.Project.empty() && Result.HadQuillmark);
     if (Result.Project.empty())
         Result.Name = name.empty() ? Result.Domain : name;

@@ -33,9 +33,9 @@ bool TakeCommonOption(const Text &theOption, Arguments &theArguments);
 // Throws an OptionError when there is no program directory. Says so when another process works in it.
 void RequireProgramDir();
 // The seed, when one was given.
-std::optional<long> GivenSeed();
+std::optional<std::int64_t> GivenSeed();
 // theText as a whole number from 0 to theMost; throws an OptionError when it is none.
-long WholeNumber(const Text &theOption, const Text &theText, long theMost);
+std::int64_t WholeNumber(const Text &theOption, const Text &theText, std::int64_t theMost);
 
 // Everything that a run needs to know. What the command line leaves out comes from the project or is the usual.
 struct RunOptions {

@@ -57,7 +57,7 @@ static int Run(Arguments theArguments)
 int main(int argc, char **argv)
 {
     try {
-        return Run(Arguments({argv + 1, argv + argc}));
+        return Run(Arguments(Host::WordsOf(argc, argv)));
     } catch (const OptionError &error) {
         std::cerr << "ferncastle-play: " << error.What << '\n';
         return endScript;

@@ -1,8 +1,8 @@
-#include "player/Host.h"
 #include "base/Failure.h"
 #include "disk/DirectoryCache.h"
 #include "disk/Io.h"
 #include "disk/Paths.h"
+#include "player/Host.h"
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -20,6 +20,11 @@ static volatile std::sig_atomic_t interrupted = 0;
 
 namespace Host
 {
+std::vector<Text> WordsOf(int theCount, char **theWords)
+{
+    return {theWords + 1, theWords + theCount};
+}
+
 Text FullPath(const Text &thePath)
 {
     std::error_code error;
