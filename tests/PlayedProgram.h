@@ -9,7 +9,6 @@
 #include "TestSite.h"
 #include "core/TextOps.h"
 #include "core/Utils.h"
-#include <cstdlib>
 
 struct PlayedProgram {
     const std::filesystem::path directory = std::filesystem::absolute(
@@ -50,17 +49,18 @@ struct PlayedProgram {
         }
     }
 
-    // Plays the script and returns the exit status; 128 and the signal's number when a signal ended it.
+    // Plays the script and returns the exit status, as RunCommand does.
     int Play(const std::filesystem::path &theScript)
     {
-        std::ostringstream command;  // which quotes paths
-        command << under << std::filesystem::path(FERNCASTLE_PLAYER) << " --seed 7 --program-dir " << directory
-                << " --drive s=" << directory << ' ' << theScript << " >" << log << " 2>&1";
-        const int status = std::system(command.str().c_str());
+        const Text place = HostForm(directory);
+        const int Result = RunCommand(under,
+            {std::filesystem::absolute(FERNCASTLE_PLAYER).string(), "--seed", "7", "--program-dir", place, "--drive",
+                "s=" + place, HostForm(theScript)},
+            '>' + ('"' + log.string() + '"') + " 2>&1");
         std::ostringstream content;
         content << std::ifstream(log, std::ios::binary).rdbuf();
         said = content.str();
         std::filesystem::remove(log);
-        return status % 128 != 0 ? 128 + status % 128 : status / 256;
+        return Result;
     }
 };

@@ -8,6 +8,7 @@
 #include "disk/PendingWrites.h"
 #include "toolkit/Gates.h"
 #include "toolkit/QuietPresentation.h"
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -26,6 +27,28 @@ inline Text Unlike(bool theValue, std::initializer_list<bool> theConditions)
 // Unlike "&&" and "||" in one expectation, they say which of the conditions fails.
 #define EXPECT_ALL(...) EXPECT_EQ(Unlike(true, {__VA_ARGS__}), "") << #__VA_ARGS__
 #define EXPECT_NONE(...) EXPECT_EQ(Unlike(false, {__VA_ARGS__}), "") << #__VA_ARGS__
+
+// The form in which the program names a place of the host.
+inline Text HostForm(const std::filesystem::path &thePath)
+{
+    return std::filesystem::absolute(thePath).generic_string();
+}
+
+// Runs a command of the system's shell and returns its exit status; 128 and the signal's number when a signal ended it.
+// theWords are quoted, the rest is not.
+inline int RunCommand(const Text &theStart, const std::vector<Text> &theWords, const Text &theRest)
+{
+    Text command = theStart;
+    for (const Text &word : theWords)
+        command += '"' + word + "\" ";
+    command += theRest;
+#ifdef _WIN32
+    return std::system(('"' + command + '"').c_str());  // it drops the outermost quotes
+#else
+    const int status = std::system(command.c_str());
+    return status % 128 != 0 ? 128 + status % 128 : status / 256;
+#endif
+}
 
 struct TestFront final : QuietPresentation {
     std::vector<Text> Boxes;
@@ -69,8 +92,8 @@ public:
         std::filesystem::copy(FERNCASTLE_DATA_DIR "/imgs", program / "imgs");
         // What a test writes beside the program is seen at once.
         DirectoryCache::SetRecheckInterval(0);
-        Paths::SetProgramDir(program.string());
-        Paths::MapDrive('x', site.string());
+        Paths::SetProgramDir(HostForm(program));
+        Paths::MapDrive('x', HostForm(site));
         SetPresentation(&front);
         HelpBoxOpen = ReportFinished = false;
         FormWidth = 600;
@@ -100,6 +123,13 @@ public:
     {
         std::filesystem::create_directories(theFile.parent_path());
         std::ofstream(theFile, std::ios::binary) << theContent;
+    }
+    // A symbolic link. Where the library can't make any, as on Windows, nothing is there.
+    static void PutLink(const std::filesystem::path &theTarget, const std::filesystem::path &theLink)
+    {
+        std::error_code error;
+        std::filesystem::create_symlink(theTarget, theLink, error);
+        EXPECT_TRUE(!error || error == std::errc::function_not_supported) << error.message();
     }
     // What the disk holds of a file below the program directory; "(none)" when it isn't there.
     Text OnDisk(const Text &theFile) const

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <io.h>
+#include <iostream>
 #include <limits>
 #include <windows.h>
 
@@ -113,6 +114,9 @@ std::vector<Text> WordsOf(int, char **)
     // What is printed is UTF-8, and goes out as it is.
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
+    // In blocks, as on other systems.
+    if (!_isatty(_fileno(stdout)))
+        std::ios::sync_with_stdio(false);
     SetConsoleOutputCP(CP_UTF8);
     int count = 0;
     wchar_t **const words = CommandLineToArgvW(GetCommandLineW(), &count);

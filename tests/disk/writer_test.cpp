@@ -8,7 +8,7 @@ TEST_F(WriterTest, MakesAllFilesAndTellsFailures)
 {
     Writer writer;
     EXPECT_TRUE(writer.Finish().empty()) << "with nothing handed over yet";
-    const auto path = [&](int i) { return (site / std::to_string(i)).string(); };
+    const auto path = [&](int i) { return HostForm(site / std::to_string(i)); };
     const auto content = [](int i) {
         return std::make_shared<const Text>(std::to_string(i).append(i == 600 ? 9 << 20 : 10, '.'));
     };
@@ -32,7 +32,7 @@ TEST_F(WriterTest, AFileThatCannotBeWrittenWholeIsLeftOut)
 {
     PutAt(site / "old", "old");
     for (const char *name : {"old", "new"})
-        EXPECT_THROW(Io::Copy(site.string(), (site / name).string()), RuntimeFailure);
+        EXPECT_THROW(Io::Copy(HostForm(site), HostForm(site / name)), RuntimeFailure);
     EXPECT_EQ(OnDisk("site on x/old") + OnDisk("site on x/new"), "old(none)");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(site), {}), 1) << "nothing else either";
 }

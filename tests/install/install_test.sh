@@ -76,7 +76,7 @@ echo "newer.example" >>"$tmp/newer/domains.lst"
 echo "newword" >>"$tmp/newer/dictionary.lst"
 rm "$tmp/newer/sample/notes.txt"
 programs=$(cd "$folder" && printf '%s;' ferncastle*)
-scripts=$(printf '%s;' "$source"/packaging/*)
+scripts=$(find "$source/packaging" -maxdepth 1 -type f -printf '%p;')
 cmake -Dfolder="$folder" -Dversion=2 -Ddata="$tmp/newer" -Dreadme="$source/README.md" -Dprograms="${programs%;}" \
   -Dscripts="${scripts%;}" -P "$source/cmake/fill_folder.cmake" >"$tmp/said"
 holds "$folder/domains.lst" mine.example

@@ -6,23 +6,20 @@
 #include "player/Json.h"
 #include "player/PageReader.h"
 #include "player/Player.h"
-#include <csignal>
-#include <cstdlib>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 using Pairs = std::vector<std::pair<Text, Text>>;
 
 // Plays scripts on a small site with the built program; each is a process of its own.
 struct Playing : TestSite {
-    int Play(const Text &theScript, const Text &theOptions = "")
+    int Play(const Text &theScript, const Text &theOption = "")
     {
         PutAt(program / "script.play", theScript);
-        const Text command = "\"" FERNCASTLE_PLAYER "\" --seed 7 --program-dir \"" + program.string() +
-                             "\" --drive x=\"" + site.string() + "\" " + theOptions + " \"" +
-                             (program / "script.play").string() + "\" >\"" + (program / "log").string() + "\" 2>&1";
-        return std::system(command.c_str()) / 256;
+        std::vector<Text> words = {fs::absolute(FERNCASTLE_PLAYER).string(), "--seed", "7", "--program-dir",
+            HostForm(program), "--drive", "x=" + HostForm(site), HostForm(program / "script.play")};
+        if (!theOption.empty())
+            words.push_back(theOption);
+        return RunCommand("", words, ">\"" + (program / "log").string() + "\" 2>&1");
     }
     // A run over the site, without the wizard.
     int PlayRun(const Text &theKeywords)
@@ -113,19 +110,14 @@ TEST_F(Playing, EndsAreToldByTheirCodes)
 // What another process works in is told; a process that was killed leaves nothing behind.
 TEST_F(Playing, AnotherProcessInTheSameDirectory)
 {
-    const Text line = "another Ferncastle is already working in " + program.string();
+    const Text place = HostForm(program), line = "another Ferncastle is already working in " + place;
     EXPECT_ALL(Play("") == 0, !Said(line)) << OnDisk("log");
     fs::permissions(program, fs::perms::owner_read | fs::perms::owner_exec);
-    const pid_t other = fork();
-    if (other == 0) {
-        Io::Claim(program.string());
-        std::raise(SIGKILL);
-    }
-    EXPECT_EQ(waitpid(other, nullptr, 0), other);
-    EXPECT_ALL(Io::Claim(program.string()), !Io::Claim(program.string() + "/.")) << "another descriptor is another's";
+    EXPECT_DEATH((Io::Claim(place), std::abort()), "");
+    EXPECT_ALL(Io::Claim(place), !Io::Claim(place)) << "whoever claims it next is another";
     fs::permissions(program, fs::perms::owner_all);
     EXPECT_ALL(Play("") == 0, Said(line)) << OnDisk("log");
-    EXPECT_ALL(Io::Claim(program.string() + "/nowhere"));
+    EXPECT_ALL(Io::Claim(place + "/nowhere"));
 }
 
 // A text that is not wholly UTF-8 is taken for Latin-1.

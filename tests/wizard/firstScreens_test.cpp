@@ -82,7 +82,7 @@ TEST_F(FirstScreens, LoadingNeedsTheFirstProject)
 TEST_F(FirstScreens, SavedDirectoryIsGoneTo)
 {
     MakeDir("site");
-    Paths::MapDrive('x', program.string());
+    Paths::MapDrive('x', HostForm(program));
     Create("Ferns", "site.test");
     auto &list = *frmDirectory::Me.Find<DirList>("Dir1");
     EXPECT_EQ(list.Path, Paths::ProgramDir());
