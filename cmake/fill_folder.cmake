@@ -4,7 +4,8 @@
 # A file that the user has changed stays as it is. When the program ships a newer one than last time, it is
 # copied beside it as NAME.new. The saved settings are the user's from the first day on, and are not listed.
 #
-# Given: folder, version, data, readme, and the lists programs (names) and scripts (paths).
+# Given: folder, version, data, readme, the lists programs (names) and scripts (paths), and left_out, a pattern of data that
+# isn't for this system, or nothing.
 cmake_minimum_required(VERSION 3.25)
 
 set(list_file "${folder}/installed-files.txt")
@@ -77,6 +78,9 @@ endforeach()
 file(GLOB_RECURSE data_files LIST_DIRECTORIES false RELATIVE "${data}" "${data}/*")
 # README.md tells developers about the data; the folder has the README of the program.
 list(REMOVE_ITEM data_files variables.sav README.md)
+if(left_out)
+  list(FILTER data_files EXCLUDE REGEX "${left_out}")
+endif()
 foreach(path IN LISTS data_files)
   install_file("${data}/${path}" "${path}")
 endforeach()

@@ -15,7 +15,17 @@ QUrl UrlOf(const Text &theAddress)
         path = '/' + Paths::Normalize(theAddress);
         std::replace(path.begin(), path.end(), '\\', '/');
     }
+    if (!path.starts_with('/'))
+        path = '/' + path;
     return QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/:"));
+}
+
+Text HostPathOf(const QUrl &theUrl)
+{
+    const Text path = QByteArray::fromPercentEncoding(theUrl.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+    // Where drives have letters, a "/" stands before them in a URL alone.
+    const Text withoutSlash = path.substr(path.empty() ? 0 : 1);
+    return Paths::IsHostPath(withoutSlash) && !withoutSlash.starts_with('/') ? withoutSlash : path;
 }
 
 Text AddressOf(const QUrl &theUrl)
@@ -24,7 +34,7 @@ Text AddressOf(const QUrl &theUrl)
         return AddressOf(file);
     if (!theUrl.isLocalFile())
         return FromQString(theUrl.toString(QUrl::FullyEncoded));
-    Text path = QByteArray::fromPercentEncoding(theUrl.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+    Text path = HostPathOf(theUrl);
     const bool hasDrive = path.size() > 3 && path[2] == ':' && path[3] == '/';
     if (!hasDrive)
         return Paths::FromHost(path);

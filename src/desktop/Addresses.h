@@ -10,6 +10,8 @@ Text AddressOf(const QUrl &theUrl);
 // A link of the form x:\dir\page.html arrives as a URL whose scheme is the drive letter. Returns the URL of the file
 // that it means; an empty URL when theUrl is not such a link.
 QUrl UrlOfDriveLink(const QUrl &theUrl);
+// The path of the host of a file's URL.
+Text HostPathOf(const QUrl &theUrl);
 // Whether theUrl is a page that a view can open, and not a mail address, a script or a drive link.
 bool IsPage(const QUrl &theUrl);
 // The last part of an address of the program: the name of a file, or the whole of a web address.

@@ -9,11 +9,11 @@
 #endif
 #include "disk/Claim.h"
 #include "disk/Files.h"
+#include "disk/Io.h"
 #include "disk/Paths.h"
 #include "toolkit/Services.h"
 #include <QAccessibleWidget>
 #include <QApplication>
-#include <QFileInfo>
 #include <QIcon>
 #include <QLoggingCategory>
 #include <QStyleFactory>
@@ -67,12 +67,12 @@ void ApplyStyle()
 
 bool CanKeepProjects()
 {
-    const QString directory = ToQString(Files::ToHost(Paths::ProgramDir()));
-    if (QFileInfo(directory).isWritable())
+    const Text directory = Files::ToHost(Paths::ProgramDir());
+    if (Io::CanWriteIn(directory))
         return true;
     bool wantsNoMore = false;
     Boxes::Ask(nullptr,
-        "Ferncastle stores its projects and the expanded sites in its own directory:\n\n" + FromQString(directory) +
+        "Ferncastle stores its projects and the expanded sites in its own directory:\n\n" + directory +
             "\n\nYou do not have permission to write to this directory. Please copy it to a place where you can write, "
             "such as your home directory, and start Ferncastle from there.",
         msgStop, "Ferncastle", false, wantsNoMore);

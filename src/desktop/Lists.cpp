@@ -329,7 +329,7 @@ void DriveComboBox::ReadDrives()
         const Text place = Files::ToHost(drive + "\\");
         const QString words = drive == "c:" ? QStringLiteral("this computer") : ToQString(place);
         addItem(ToQString(drive) + QStringLiteral("   ") +
-                    (ToQString(place).startsWith(ToQString(drive)) ? QString() : words),
+                    (ToQString(place).startsWith(ToQString(drive), Qt::CaseInsensitive) ? QString() : words),
             ToQString(drive));
     }
 }

@@ -1,5 +1,6 @@
 #include "desktop/PageLinks.h"
 #include "base/Failure.h"
+#include "desktop/Addresses.h"
 #include "disk/Io.h"
 
 static constexpr std::int64_t largestPage = 32 << 20;
@@ -72,7 +73,7 @@ QUrl LinkInText(const QByteArray &theText, const QUrl &thePage, const QUrl &theA
 
 QUrl LinkInFile(const QUrl &thePage, const QUrl &theAddress)
 {
-    const Text file = QByteArray::fromPercentEncoding(thePage.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+    const Text file = HostPathOf(thePage);
     if (!thePage.isLocalFile() || Io::KindOf(file) != Io::Kind::File || Io::LookAtFile(file).Size > largestPage)
         return {};
     try {

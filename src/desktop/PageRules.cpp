@@ -41,11 +41,11 @@ bool IsOurFile(const QUrl &theUrl)
 {
     if (!IsFileHere(theUrl))
         return false;
-    Text path = QByteArray::fromPercentEncoding(theUrl.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+    Text path = HostPathOf(theUrl);
     if (path.find('\0') != Text::npos || (path + "/").find("/../") != Text::npos)
         return false;
     Text real;
-    while ((real = Io::RealPath(path.empty() ? "/" : path)).empty() && path.starts_with('/'))
+    while ((real = Io::RealPath(path.empty() ? "/" : path)).empty() && path.find('/') != Text::npos)
         path.erase(path.find_last_of('/'));
     return !real.empty() && (IsBelow(real, Paths::ProgramHostDir().empty() ? "/" : Paths::ProgramHostDir()) ||
                                 (!LocalSiteDir.empty() && IsBelow(real, Files::ToHost(LocalSiteDir))));

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QShortcut>
 #include <algorithm>
 #include <iterator>
@@ -34,8 +35,16 @@ static void Print(Pages &thePages)
 void Add(Pages &thePages, QWidget &theHolder)
 {
     auto *bar = new FindBar(&theHolder);
-    static_cast<QBoxLayout *>(theHolder.layout())->insertWidget(0, bar);
+    auto *column = static_cast<QBoxLayout *>(theHolder.layout());
+    column->insertWidget(0, bar);
     Pages *pages = &thePages;
+    if (thePages.IsPlain()) {
+        auto *button = new QPushButton(QObject::tr("Open in your browser"), &theHolder);
+        button->setObjectName(QStringLiteral("openInBrowser"));
+        button->setToolTip(QObject::tr("This view shows pages plainly; your web browser shows all that is in them"));
+        column->insertWidget(0, button, 0, Qt::AlignRight);
+        QObject::connect(button, &QPushButton::clicked, pages, &Pages::OpenInBrowser);
+    }
     QObject::connect(
         bar, &FindBar::Find, pages, [pages, bar](bool isBackward) { pages->Find(bar->Wanted(), isBackward); });
     QObject::connect(pages, &Pages::Found, bar, &FindBar::ShowPlace);

@@ -5,7 +5,8 @@
 
 namespace PageTools
 {
-// Adds the keys to the window of a page view, and a search bar above the view in theHolder.
+// Adds the keys to the window of a page view, and a search bar above the view in theHolder. Above a plain view stands a
+// button that opens the page in the user's web browser.
 void Add(Pages &thePages, QWidget &theHolder);
 // Names the keys for a tip.
 QString KeysText();

@@ -49,6 +49,12 @@ void Pages::Open(const QUrl &theUrl)
     });
 }
 
+void Pages::OpenInBrowser()
+{
+    if (Address().empty() || !QDesktopServices::openUrl(UrlOf(Address())))
+        ShowStatus("No program on this computer can open " + Address());
+}
+
 void Pages::SetZoom(int thePercent)
 {
     zoom = thePercent;

@@ -32,6 +32,10 @@ public:
     // Marks the next place of a text on the page, or the one before; the signal Found follows. An empty text removes
     // the mark.
     virtual void Find(const QString &theText, bool isBackward) = 0;
+    // Whether a web browser shows more of a page than this view.
+    virtual bool IsPlain() const { return false; }
+    // Opens the page that is showing in the user's web browser.
+    void OpenInBrowser();
     // The size of the page in percent.
     int Zoom() const { return zoom; }
     void SetZoom(int thePercent);

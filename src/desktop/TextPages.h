@@ -14,6 +14,7 @@ public:
     bool Forward() override { return GoTo(at + 1); }
     void Reload() override { GoTo(at, true); }
     void Stop() override { CancelOpen(); }
+    bool IsPlain() const override { return true; }
     bool CanGoBack() const override { return at > 0; }
     bool CanGoForward() const override { return at + 1 < places.size(); }
     void Find(const QString &theText, bool isBackward) override;

@@ -65,6 +65,8 @@ FileFacts LookAtFile(const Text &theFile);
 bool EndsInLineFeed(const Text &theFile);
 // Bytes free to this user where theDir lies; 0 when there is hardly room for further files.
 std::int64_t FreeSpace(const Text &theDir);
+// Whether this user may make files in theDir.
+bool CanWriteIn(const Text &theDir);
 // The directory of the running program.
 Text ProgramDirectory();
 // The host's drives: a letter each, ascending, and the directory that it stands for, without a final slash.

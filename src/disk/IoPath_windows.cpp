@@ -76,13 +76,12 @@ namespace IoPath
 {
 std::wstring ForSystem(const Text &thePath)
 {
-    const bool isShare = thePath.starts_with("//");
     const bool hasDrive =
         thePath.size() >= 2 && IsLetter(thePath[0]) && thePath[1] == ':' && (thePath.size() == 2 || thePath[2] == '/');
-    if (!isShare && !hasDrive)
+    if (!hasDrive)
         return {};
     std::wstring Result = L"\\\\?\\";
-    Result += isShare ? L"UNC" : Wide(thePath.substr(0, 2));
+    Result += Wide(thePath.substr(0, 2));
     for (std::size_t at = 2; at < thePath.size();) {
         const std::size_t end = std::min(thePath.find('/', at), thePath.size());
         const std::string_view element = std::string_view(thePath).substr(at, end - at);

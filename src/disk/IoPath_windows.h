@@ -1,5 +1,6 @@
 // Paths as the Windows calls take them, and the reasons that these calls give. A path of the host has the form
-// C:/dir/file or //server/share/dir/file here, in UTF-8.
+// C:/dir/file here, in UTF-8. A directory of another computer is reached by a drive letter alone: a page that names
+// //server/share must not make this computer tell that server who is asking.
 #pragma once
 #include "base/Text.h"
 #include <string_view>

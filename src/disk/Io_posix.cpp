@@ -154,6 +154,11 @@ std::int64_t FreeSpace(const Text &theDir)
     return static_cast<std::int64_t>(facts.f_bavail) * static_cast<std::int64_t>(facts.f_frsize);
 }
 
+bool CanWriteIn(const Text &theDir)
+{
+    return access(theDir.c_str(), W_OK | X_OK) == 0;
+}
+
 // All processes share a lock on the directory itself. The system drops it with the process, and programs that the
 // process starts don't inherit it. Only a process that is alone gets the directory to itself, for a moment.
 bool Claim(const Text &theDir)

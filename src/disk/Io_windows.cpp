@@ -15,13 +15,14 @@ namespace
 {
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-// A file or directory, links followed, open for its facts alone. That needs no permission for it and disturbs nobody.
+// A file or directory, links followed, open for its facts alone unless more is asked for. That needs no permission for
+// it and disturbs nobody.
 class Opened
 {
 public:
-    explicit Opened(const std::wstring &thePath)
-        : handle(CreateFileW(thePath.c_str(), FILE_READ_ATTRIBUTES, shareAll, nullptr, OPEN_EXISTING,
-              FILE_FLAG_BACKUP_SEMANTICS, nullptr))
+    explicit Opened(const std::wstring &thePath, DWORD theAccess = FILE_READ_ATTRIBUTES)
+        : handle(CreateFileW(
+              thePath.c_str(), theAccess, shareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr))
     {
     }
     ~Opened()
@@ -232,6 +233,11 @@ std::int64_t FreeSpace(const Text &theDir)
     if (!GetDiskFreeSpaceExW(ForSystem(theDir).c_str(), &free, nullptr, nullptr))
         FailHere(theDir);
     return static_cast<std::int64_t>(free.QuadPart);
+}
+
+bool CanWriteIn(const Text &theDir)
+{
+    return Opened(ForSystem(theDir), FILE_ADD_FILE | FILE_ADD_SUBDIRECTORY).IsThere();
 }
 
 // All processes hold a mutex that is named after the directory. The system drops it with the last of them.

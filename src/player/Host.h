@@ -13,7 +13,6 @@ Text FullPath(const Text &thePath);
 // The directory of a full path.
 Text ParentOf(const Text &thePath);
 bool CanRead(const Text &thePath);
-bool CanWriteIn(const Text &theDir);
 // Writes into a file of the user as "> FILE" does: a pipe, a device and a link stay what they are. TryFile only finds
 // out whether that can be done, and leaves nothing behind. Both fail with a run-time failure.
 void WriteFile(const Text &theFile, const Text &theContent);

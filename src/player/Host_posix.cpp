@@ -44,11 +44,6 @@ bool CanRead(const Text &thePath)
     return access(thePath.c_str(), Io::KindOf(thePath) == Io::Kind::Directory ? R_OK | X_OK : R_OK) == 0;
 }
 
-bool CanWriteIn(const Text &theDir)
-{
-    return access(theDir.c_str(), W_OK | X_OK) == 0;
-}
-
 static void WriteInto(const Text &theFile, const Text &theContent, int theFlags)
 {
     const int file = open(theFile.c_str(), O_WRONLY | O_CLOEXEC | theFlags, 0666);

@@ -42,10 +42,10 @@ std::vector<Io::Listed> RowsOf(const Text &theDir)
     return Result;
 }
 
-bool MayOpen(const Text &thePath, DWORD theAccess)
+bool MayRead(const Text &thePath)
 {
     const HANDLE file =
-        CreateFileW(ForSystem(thePath).c_str(), theAccess, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+        CreateFileW(ForSystem(thePath).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
             nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return false;
@@ -139,12 +139,7 @@ Text ParentOf(const Text &thePath)
 
 bool CanRead(const Text &thePath)
 {
-    return MayOpen(thePath, GENERIC_READ);
-}
-
-bool CanWriteIn(const Text &theDir)
-{
-    return MayOpen(theDir, FILE_ADD_FILE | FILE_ADD_SUBDIRECTORY);
+    return MayRead(thePath);
 }
 
 void WriteFile(const Text &theFile, const Text &theContent)

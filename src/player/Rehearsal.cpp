@@ -71,7 +71,7 @@ void Rehearsal::LinkStore() const
 void Rehearsal::TakeNewSite(const Text &theDir)
 {
     const Text real = RealPath(theDir);
-    if (!Host::CanWriteIn(real))
+    if (!Io::CanWriteIn(real))
         closed.insert(theDir);
     const std::vector<Io::Listed> names = NamesIn(real);
     for (const Io::Listed &one : names)

@@ -185,7 +185,7 @@ Text WhyNotWritable(const RunOptions &theOptions)
             return path + " is in the way: it is no directory";
         if (!name.empty() && Io::RealPath(path) != (real == "/" ? "" : real) + '/' + name)
             return path + " is in the way: it is a link, and the wizard writes only in directories of its own";
-        if (!Host::CanWriteIn(path))
+        if (!Io::CanWriteIn(path))
             return "you may not write in the directory " + Host::FullPath(path);
     }
     return {};
