@@ -10,5 +10,11 @@ set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${FERNCASTLE_QT_WINDOWS})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+if(FERNCASTLE_QT_WINDOWS)
+  # Qt's tools, which run while it builds, are those of this system.
+  set(QT_HOST_PATH /usr)
+  set(QT_HOST_PATH_CMAKE_DIR /usr/lib/x86_64-linux-gnu/cmake)
+  set(Qt6_DIR ${FERNCASTLE_QT_WINDOWS}/lib/cmake/Qt6)
+endif()
 # Tests run under wine.
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine)

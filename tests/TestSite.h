@@ -1,6 +1,7 @@
 // A temporary program directory with the shipped pictures, a site of its own on drive x:, and a front that notes what
 // the program says.
 #pragma once
+#include "HostPlaces.h"
 #include "core/AppVars.h"
 #include "disk/DirectoryCache.h"
 #include "disk/Files.h"
@@ -27,12 +28,6 @@ inline Text Unlike(bool theValue, std::initializer_list<bool> theConditions)
 // Unlike "&&" and "||" in one expectation, they say which of the conditions fails.
 #define EXPECT_ALL(...) EXPECT_EQ(Unlike(true, {__VA_ARGS__}), "") << #__VA_ARGS__
 #define EXPECT_NONE(...) EXPECT_EQ(Unlike(false, {__VA_ARGS__}), "") << #__VA_ARGS__
-
-// The form in which the program names a place of the host.
-inline Text HostForm(const std::filesystem::path &thePath)
-{
-    return std::filesystem::absolute(thePath).generic_string();
-}
 
 // Runs a command of the system's shell and returns its exit status; 128 and the signal's number when a signal ended it.
 // theWords are quoted, the rest is not.
@@ -123,13 +118,6 @@ public:
     {
         std::filesystem::create_directories(theFile.parent_path());
         std::ofstream(theFile, std::ios::binary) << theContent;
-    }
-    // A symbolic link. Where the library can't make any, as on Windows, nothing is there.
-    static void PutLink(const std::filesystem::path &theTarget, const std::filesystem::path &theLink)
-    {
-        std::error_code error;
-        std::filesystem::create_symlink(theTarget, theLink, error);
-        EXPECT_TRUE(!error || error == std::errc::function_not_supported) << error.message();
     }
     // What the disk holds of a file below the program directory; "(none)" when it isn't there.
     Text OnDisk(const Text &theFile) const

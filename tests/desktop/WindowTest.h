@@ -1,5 +1,6 @@
 // Runs the whole program in real windows, in a program directory of its own with all the shipped data.
 #pragma once
+#include "HostPlaces.h"
 #include "core/AppVars.h"
 #include "core/frmSplash.h"
 #include "desktop/Application.h"
@@ -11,6 +12,7 @@
 #include "toolkit/Services.h"
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFontDatabase>
 #include <QTest>
 #include <filesystem>
 #include <fstream>
@@ -29,7 +31,7 @@ public:
     WindowTest()
     {
         std::filesystem::copy(FERNCASTLE_DATA_DIR, program, std::filesystem::copy_options::recursive);
-        Paths::SetProgramDir(program.string());
+        Paths::SetProgramDir(HostForm(program));
         DirectoryCache::SetRecheckInterval(0);
         Application::ApplyStyle();
         desktop = std::make_unique<Desktop>();
@@ -42,6 +44,8 @@ public:
     {
         desktop.reset();
         PendingWrites::Flush();
+        // On Windows a file that is in use can't be removed.
+        QFontDatabase::removeAllApplicationFonts();
         std::filesystem::remove_all(program);
     }
 

@@ -147,7 +147,7 @@ TEST_F(Guidance, Hints)
     GoTo(frmMenu::Me);
     GoTo(frmDirectory::Me);
     awaitHint("frmDirectory", "c:\\gone\\ is not there");
-    std::ofstream(program / "0001_store" / "0001.key") << "fern\r\nFERN\r\nmoss\r\n";
+    std::ofstream(program / "0001_store" / "0001.key", std::ios::binary) << "fern\r\nFERN\r\nmoss\r\n";
     GoTo(TheForm("frmKeywordsHowMany"));
     awaitHint("frmKeywordsHowMany", "only 2 different");
     Type("2");
@@ -183,7 +183,9 @@ TEST_F(Guidance, LinkedFolders)
     namespace fs = std::filesystem;
     const fs::path store = program / "0001_store", kept = program / "kept", outside = program.string() + " outside";
     fs::rename(store, kept);
-    fs::create_directory_symlink("kept", store);
+    PutLink("kept", store);
+    if (!fs::exists(store))
+        GTEST_SKIP() << "no links can be made here";
     GoTo(frmDirectory::Me);
     Click("frmDirectory.btnNext");
     AwaitScreen("frmKeywords");

@@ -2,6 +2,7 @@
 #include "WindowTest.h"
 #include "desktop/Lists.h"
 #include "report/frmReport.h"
+#include <QDesktopServices>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTextBlock>
@@ -87,6 +88,18 @@ struct Wizard : WindowTest {
         QTest::mouseRelease(under, Qt::LeftButton, {}, place);
         EXPECT_TRUE(WaitUntil(hasGone)) << theWords << " leads nowhere";
     }
+    // Clicks the button of the simple view, with a stand-in for the web browser.
+    void OpenInBrowser(const QString &theEnd) const
+    {
+        QTextBrowser browser;
+        QString opened;
+        QObject::connect(
+            &browser, &QTextBrowser::anchorClicked, [&](const QUrl &theUrl) { opened = theUrl.toString(); });
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), &browser, "anchorClicked");
+        QTest::mouseClick(WindowOf("frmReport")->findChild<QWidget *>("openInBrowser"), Qt::LeftButton);
+        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        EXPECT_TRUE(opened.startsWith("file:///") && opened.endsWith(theEnd)) << opened.toStdString();
+    }
     QWidget &View() const { return *WindowOf("frmReport")->PagesOf(frmReport::FinalReportBrowser).View(); }
     // Checks the numbers in the report on the sample site.
     void ExpectSampleReport(const char *theKeywordsAdded) const
@@ -114,7 +127,7 @@ TEST_F(Wizard, ByMouse)
     // The sample keywords with Linux line ends.
     QFile words(QString::fromStdString((program / "sample-keywords.txt").string()));
     ASSERT_TRUE(words.open(QIODevice::ReadOnly));
-    std::ofstream(program / "linux.txt") << words.readAll().replace("\r", "").toStdString();
+    std::ofstream(program / "linux.txt", std::ios::binary) << words.readAll().replace("\r", "").toStdString();
     RunProgram([&] {
         AwaitScreen("frmWelcome");
         Click("frmWelcome.hlpWelcome");
@@ -161,6 +174,9 @@ TEST_F(Wizard, ByMouse)
         Click("frmDoItAlready.btnDoItAlready");
         ExpectSampleReport(">2232<");
         AwaitPage("0001_store\\report.html");
+#ifndef FERNCASTLE_WEBENGINE
+        OpenInBrowser("/0001_store/report.html");
+#endif
         ClickLink(View(), "0001");
         AwaitPage("\\0001\\index.html");
         // Follows a link of the new site to one of its new pages, and goes back to the report.
