@@ -141,7 +141,7 @@ bool WebPages::MayStep(PageRules::Step theStep)
 {
     const PageRules::Verdict verdict = PageRules::Judge(theStep, [&] { return !LinkTo(theStep.To).isEmpty(); });
     if (theStep.HasClick && verdict != PageRules::Verdict::Refuse &&
-        !(theStep.IsFrame && verdict == PageRules::Verdict::Allow)) {
+        (!theStep.IsFrame || verdict != PageRules::Verdict::Allow)) {
         clicks.UseUp();
         AllowAgain();
     }
