@@ -103,7 +103,8 @@ bool LinkReader::IsLeftAlone()
         return dot.From(linkStart) >= linkEnd;
     const std::int64_t queryPos = query.From(linkStart), anchorPos = anchor.From(linkStart);
     const bool hasQuery = queryPos < linkEnd, hasAnchor = anchorPos < linkEnd;
-    return (hasQuery || hasAnchor) && !(hasQuery && domainPos < queryPos) && !(hasAnchor && domainPos < anchorPos);
+    const bool isBeforeQuery = hasQuery && domainPos < queryPos, isBeforeAnchor = hasAnchor && domainPos < anchorPos;
+    return (hasQuery || hasAnchor) && !isBeforeQuery && !isBeforeAnchor;
 }
 
 // Finds what GetLinkFromTag gives for the tag.

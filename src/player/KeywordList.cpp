@@ -30,6 +30,7 @@ std::vector<Keyword> KeywordsOf(const Text &theText)
 long SureKeywords(const std::vector<Keyword> &theKeywords, long theMost)
 {
     std::vector<Text> words;
+    words.reserve(theKeywords.size());
     for (const Keyword &one : theKeywords)
         words.push_back(LowerText(one.Word));
     // From the longest on: a keyword can only be part of a longer one.

@@ -1,4 +1,5 @@
 #include "player/Numbers.h"
+#include <cmath>
 #include <cstdio>
 
 Text Grouped(std::int64_t theNumber)
@@ -31,7 +32,7 @@ Text Bytes(std::int64_t theBytes)
 
 Text Duration(double theSeconds)
 {
-    const auto seconds = static_cast<std::int64_t>(theSeconds + 0.5);
+    const auto seconds = std::llround(theSeconds);
     if (seconds < 60)
         return std::to_string(seconds) + " s";
     if (seconds < 3600)
