@@ -1,6 +1,7 @@
 #include "desktop/Hints.h"
 #include "core/AppVars.h"
 #include "core/FileHandle.h"
+#include "core/KeywordList.h"
 #include "core/TextOps.h"
 #include "desktop/QtText.h"
 #include "desktop/Theme.h"
@@ -12,6 +13,7 @@
 #include <QFontMetrics>
 #include <QObject>
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 namespace Hints
@@ -81,35 +83,42 @@ static QString OfPicker(const Form &theForm)
     return {};
 }
 
-// How many keywords the project has that differ. Upper and lower case make no difference in a file name.
-static int DifferentKeywords()
+static std::vector<Keyword> KeywordsOfProject()
 {
     const Text file = InStoreDir(ProjectNumber + ".key");
-    if (!ifFileExists(file))
-        return 0;
+    return ifFileExists(file) ? KeywordsOf(Files::Read(file)) : std::vector<Keyword>{};
+}
+
+// How many keywords differ. Upper and lower case make no difference in a file name.
+static int Different(const std::vector<Keyword> &theKeywords)
+{
     std::set<Text> Result;
-    const Text text = Files::Read(file);
-    for (std::size_t from = 0; from < text.size();) {
-        const std::size_t end = std::min(text.find('\r', from), text.size());
-        if (end > from)
-            Result.insert(LowerText(text.substr(from, end - from)));
-        from = end + 2;
-    }
+    for (const Keyword &one : theKeywords)
+        Result.insert(LowerText(one.Word));
     return static_cast<int>(Result.size());
 }
 
 static QString OfNumber(const Form &theForm)
 {
-    const Text wanted = theForm.Find<TextBox>("txtKeywordsPerFilename")->Now.Caption;
-    const int different = DifferentKeywords();
+    const double wanted = NumberAtStart(theForm.Find<TextBox>("txtKeywordsPerFilename")->Now.Caption);
     // With Quillmark the words come from a dictionary instead.
-    if (NumberAtStart(wanted) <= different || LoadVariable("UsingQuillmark", 1) == "True")
+    if (LoadVariable("UsingQuillmark", 1) == "True")
         return {};
-    const QString words =
-        QObject::tr("Your list has %1, which is too few for this number. Lower the number, or go back "
-                    "and add keywords.");
-    return words.arg(
-        different == 1 ? QObject::tr("only 1 keyword") : QObject::tr("only %1 different keywords").arg(different));
+    const std::vector<Keyword> keywords = KeywordsOfProject();
+    const int different = Different(keywords);
+    if (wanted > different)
+        return QObject::tr("Your list has %1, which is too few for this number. Lower the number, or go back "
+                           "and add keywords.")
+            .arg(different == 1 ? QObject::tr("only 1 keyword")
+                                : QObject::tr("only %1 different keywords").arg(different));
+    // A longer search would take time, and nobody wants more keywords than that in a file name.
+    const long needed = std::lround(std::ceil(std::min(wanted, 100.0)));
+    const long sure = SureKeywords(keywords, needed);
+    if (sure >= needed)
+        return {};
+    return QObject::tr("A keyword that is part of another does not count, so your list has only %1. Lower the "
+                       "number, or go back and add keywords.")
+        .arg(sure);
 }
 
 QString Of(const Form &theForm)

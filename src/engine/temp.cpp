@@ -149,7 +149,8 @@ static void AddWords(Text &theName, const ListBox &theSource, const std::functio
         if (std::none_of(rows.begin(), rows.end(), mayAdd))
             Standstill("MakeKeywordedFileName", "There are too few different keywords for the " +
                                                     NumberText(KeywordsPerFilename) +
-                                                    " keywords wanted in each file name.");
+                                                    " keywords wanted in each file name. A keyword that is part of "
+                                                    "another one does not count.");
     }
 }
 

@@ -1,9 +1,9 @@
 #include "player/FileAnswers.h"
 #include "base/Failure.h"
+#include "core/KeywordList.h"
 #include "disk/Files.h"
 #include "disk/Io.h"
 #include "disk/Paths.h"
-#include "player/KeywordList.h"
 
 Outcome FileAnswers::AddTextFile(const Text &thePath)
 {

@@ -1,8 +1,8 @@
 #include "player/Findings.h"
+#include "core/KeywordList.h"
 #include "core/TextOps.h"
 #include "disk/Io.h"
 #include "disk/Paths.h"
-#include "player/KeywordList.h"
 #include "player/RunOptions.h"
 #include <algorithm>
 #include <map>

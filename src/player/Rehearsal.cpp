@@ -1,5 +1,6 @@
 #include "player/Rehearsal.h"
 #include "base/Failure.h"
+#include "core/KeywordList.h"
 #include "core/Utils.h"
 #include "disk/DirectoryCache.h"
 #include "disk/Io.h"
@@ -7,7 +8,6 @@
 #include "disk/Paths.h"
 #include "engine/Route.h"
 #include "player/Explain.h"
-#include "player/KeywordList.h"
 #include <map>
 
 // The program's counts end here.

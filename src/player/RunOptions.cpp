@@ -2,6 +2,7 @@
 #include "base/Failure.h"
 #include "core/AppVars.h"
 #include "core/FileHandle.h"
+#include "core/KeywordList.h"
 #include "core/RandomBas.h"
 #include "core/TextOps.h"
 #include "core/Utils.h"
@@ -10,7 +11,6 @@
 #include "disk/Io.h"
 #include "disk/Paths.h"
 #include "player/Host.h"
-#include "player/KeywordList.h"
 #include "toolkit/Gates.h"
 #include "toolkit/Services.h"
 #include <algorithm>

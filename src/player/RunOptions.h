@@ -1,6 +1,6 @@
 // What the commands "expand" and "check" are told on the command line.
 #pragma once
-#include "player/KeywordList.h"
+#include "core/KeywordList.h"
 #include <optional>
 #include <vector>
 

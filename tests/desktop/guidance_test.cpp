@@ -150,6 +150,10 @@ TEST_F(Guidance, Hints)
     std::ofstream(program / "0001_store" / "0001.key", std::ios::binary) << "fern\r\nFERN\r\nmoss\r\n";
     GoTo(TheForm("frmKeywordsHowMany"));
     awaitHint("frmKeywordsHowMany", "only 2 different");
+    std::ofstream(program / "0001_store" / "0001.key", std::ios::binary) << "fern\r\ngarden fern\r\nmoss\r\n";
+    GoTo(frmMenu::Me);
+    GoTo(TheForm("frmKeywordsHowMany"));
+    awaitHint("frmKeywordsHowMany", "part of another");
     Type("2");
     EXPECT_TRUE(WaitUntil([&] { return !WindowOf("frmKeywordsHowMany")->findChild<QLabel *>("hint")->isVisible(); }));
 }

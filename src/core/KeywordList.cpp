@@ -1,4 +1,4 @@
-#include "player/KeywordList.h"
+#include "core/KeywordList.h"
 #include "core/TextOps.h"
 #include <algorithm>
 
