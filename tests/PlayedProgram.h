@@ -49,12 +49,14 @@ struct PlayedProgram {
         }
     }
 
+    Text seed = "7";
+
     // Plays the script and returns the exit status, as RunCommand does.
     int Play(const std::filesystem::path &theScript)
     {
         const Text place = HostForm(directory);
         const int Result = RunCommand(under,
-            {std::filesystem::absolute(FERNCASTLE_PLAYER).string(), "--seed", "7", "--program-dir", place, "--drive",
+            {std::filesystem::absolute(FERNCASTLE_PLAYER).string(), "--seed", seed, "--program-dir", place, "--drive",
                 "s=" + place, HostForm(theScript)},
             '>' + ('"' + log.string() + '"') + " 2>&1");
         std::ostringstream content;
