@@ -149,8 +149,7 @@ static void AddWords(Text &theName, const ListBox &theSource, const std::functio
         if (std::none_of(rows.begin(), rows.end(), mayAdd))
             Standstill("MakeKeywordedFileName", "There are too few different keywords for the " +
                                                     NumberText(KeywordsPerFilename) +
-                                                    " keywords wanted in each file name. A keyword that is part of "
-                                                    "another one does not count.");
+                                                    " keywords wanted in each file name.");
     }
 }
 
