@@ -312,7 +312,9 @@ void Copy(const Text &theSource, const Text &theTarget)
 {
     const DWORD target = AttributesOf(theTarget);
     const bool isFile = target != INVALID_FILE_ATTRIBUTES && (target & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
-    if (isFile && IdentityOf(theSource) == IdentityOf(theTarget))
+    // Some network drives give all files the same identity, of zeros.
+    const Identity identity = isFile ? IdentityOf(theTarget) : Identity();
+    if (identity != Identity() && IdentityOf(theSource) == identity)
         return;  // a file onto itself
     Draft draft(theTarget, target != INVALID_FILE_ATTRIBUTES);
     draft.CopyFrom(theSource);
