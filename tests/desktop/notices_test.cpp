@@ -137,6 +137,11 @@ TEST_F(NoticesTest, FromTheRunToTheReport)
         MakeProject();
         // Something else stands where the run keeps its broken links.
         std::filesystem::create_directories(program / "0001_store" / "BrokenLinksFiles.sav" / "x");
+        // The run goes on behind the broken link for longer than the windows leave events waiting.
+        Text page = "<a href=\"/none.htm\">broken</a>";
+        for (int link = 0; link < 6000; ++link)
+            page += "<a href=\"/join.htm\">further</a>";
+        std::ofstream(program / "sample" / "long.htm") << page;
         GoTo(frmDoItAlready::Me);
         EXPECT_EQ(Words("frmDoItAlready"), "");
         Click("frmDoItAlready.btnDoItAlready");
