@@ -42,9 +42,7 @@ bool IsOfProject(const Text &theDir)
     const std::size_t end = theDir.find_last_of('\\');
     if (end == Text::npos || !IsSame(theDir.substr(0, end), Paths::ProgramDir()))
         return false;
-    const Text name = LowerText(theDir.substr(end + 1)), number = name.substr(0, name.find('_'));
-    return number.size() >= 4 && number.find_first_not_of("0123456789") == Text::npos &&
-           (name == number || name == number + "_store");
+    return Files::IsProjectDirectory(LowerText(theDir.substr(end + 1)));
 }
 
 // A directory that is shipped with the program and is no site.
