@@ -1,11 +1,11 @@
 #include "base/Failure.h"
 #include "disk/Io.h"
+#include "disk/IoContent.h"
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <exception>
 #include <fcntl.h>
 #include <functional>
 #include <string_view>
@@ -303,52 +303,22 @@ namespace Io
 {
 Text Read(const Text &theFile)
 {
-    const OpenFile file(theFile);
-    Text Result;
-    try {
-        Result.resize(static_cast<std::size_t>(file.Size()));
-    } catch (const std::exception &) {
-        Fail("the file is too large", theFile);
-    }
-    std::size_t done = 0;
-    while (done < Result.size()) {
-        const std::size_t got = file.Read(Result.data() + done, Result.size() - done);
-        if (got == 0)
-            break;
-        done += got;
-    }
-    Result.resize(done);
-    return Result;
+    return IoContent::ReadWhole(OpenFile(theFile), theFile);
 }
 
 void Write(const Text &theFile, const Text &theContent)
 {
-    Draft draft(theFile, KindOfName(theFile) != Kind::None);
-    draft.Write(theContent);
-    draft.Publish();
+    IoContent::WriteWhole(Draft(theFile, KindOfName(theFile) != Kind::None), theContent);
 }
 
 void Write(const Text &theFile, const Pieces &thePieces)
 {
-    constexpr std::size_t waitingAtMost = 4 << 20;
-    Draft draft(theFile, KindOfName(theFile) != Kind::None);
-    Text waiting;
-    thePieces([&](std::string_view thePiece) {
-        waiting += thePiece;
-        if (waiting.size() > waitingAtMost) {
-            draft.Write(waiting);
-            waiting.clear();
-        }
-    });
-    draft.Write(waiting);
-    draft.Publish();
+    IoContent::WritePieces(Draft(theFile, KindOfName(theFile) != Kind::None), thePieces);
 }
 
 void WriteNew(const Text &theFile, const Text &theContent)
 {
-    Draft draft(theFile, false);
-    draft.Write(theContent);
-    draft.Publish();
+    IoContent::WriteWhole(Draft(theFile, false), theContent);
 }
 
 void Append(const Text &theFile, const Text &theContent)
